@@ -1,0 +1,27 @@
+# mox_add_test(<name> SOURCES <files...> [LIBRARIES <targets...>] [X11] [TIMEOUT <seconds>])
+#
+# A QtTest executable that CTest runs on the offscreen platform, or with X11 under Xvfb with a window manager. A Qt
+# warning that the test did not announce fails it.
+function(mox_add_test name)
+    cmake_parse_arguments(arg "X11" "TIMEOUT" "SOURCES;LIBRARIES" ${ARGN})
+    add_executable(${name} ${arg_SOURCES})
+    target_link_libraries(${name} PRIVATE MoxStrictQt MoxTestSupport Qt5::Test ${arg_LIBRARIES})
+    if(arg_X11)
+        add_test(NAME ${name} COMMAND "${PROJECT_SOURCE_DIR}/tests/support/with-x11" $<TARGET_FILE:${name}>)
+        set(environment "QT_QPA_PLATFORM=xcb")
+    else()
+        add_test(NAME ${name} COMMAND ${name})
+        set(environment "QT_QPA_PLATFORM=offscreen")
+    endif()
+    if(NOT arg_TIMEOUT)
+        set(arg_TIMEOUT 120)
+    endif()
+    list(APPEND environment "LC_ALL=C.UTF-8" "QT_LOGGING_RULES=" "XDG_CONFIG_HOME=${CMAKE_CURRENT_BINARY_DIR}/${name}.config"
+         "LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/support/lsan.supp"
+         "UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1")
+    set_tests_properties(${name} PROPERTIES ENVIRONMENT "${environment}" TIMEOUT ${arg_TIMEOUT}
+                         FAIL_REGULAR_EXPRESSION "QWARN  :;QCRITICAL :")
+    if(arg_X11)
+        set_tests_properties(${name} PROPERTIES LABELS x11)
+    endif()
+endfunction()
