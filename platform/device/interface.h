@@ -1,0 +1,67 @@
+// An interface of the open SDK: what real and simulated ones share.
+#ifndef MOXSDK_INTERFACE_H
+#define MOXSDK_INTERFACE_H
+
+#include <MoxCameraApi/MoxCam.h>
+
+#include "devicerecord.h"
+#include "link.h"
+
+#include <chrono>
+#include <memory>
+#include <vector>
+
+namespace MoxSdk {
+
+class DeviceInfo;
+class InterfacePrivate;
+
+/**
+ * Keeps one DeviceInfo for each camera ever found here, for as long as the system lives, so that pointers stay good and
+ * a camera that comes back is the same object. Discovery may run on one thread while another one walks a list.
+ */
+class Interface : public MoxCam::Interface
+{
+public:
+    Interface(int type, std::string id, std::string description, std::string version);
+    virtual ~Interface();
+    Interface(const Interface &) = delete;
+    Interface &operator=(const Interface &) = delete;
+
+    MoxCam::DeviceInfoList *GetDeviceInfoList() override;
+    MoxCam::DeviceInfo *ConnectByIp(const char *ipAddress) override;
+    void ReDiscoverDevices(bool *changed, std::uint32_t timeout) override;
+    const char *GetDescription() override;
+    int GetType() override;
+    const char *GetID() override;
+    const char *GetVersion() override;
+    void RegisterEventCallback(std::uint32_t eventId, MoxCam::EventCallback callback, void *context) override;
+    MoxGenParam::Array *GetParameters(MoxCamErr *err) override;
+
+    /** Opens a camera that was found here. Throws a GenICam exception that says why it cannot. */
+    virtual std::unique_ptr<Link> openLink(const DeviceRecord &record) = 0;
+    /** Assigns an address; the answer of a transport that has none is "not implemented". */
+    virtual MoxCamErr forceIp(const DeviceRecord &record, std::uint32_t ip, std::uint32_t netmask,
+                              std::uint32_t gateway);
+
+protected:
+    /** Looks for cameras, for at most @p limit, and gives them in a stable order. Must not throw. */
+    virtual std::vector<DeviceRecord> discover(std::chrono::milliseconds limit) = 0;
+
+private:
+    std::unique_ptr<InterfacePrivate> const d;
+};
+
+/** A source of interfaces: the machine's adapters, or the simulated world. Owned by the system. */
+class Backend
+{
+public:
+    virtual ~Backend() = default;
+
+    /** The interfaces that are there now, in a stable order. They live as long as the backend. Thread-safe. */
+    virtual std::vector<Interface *> interfaces() = 0;
+};
+
+} // namespace MoxSdk
+
+#endif

@@ -1,0 +1,162 @@
+// Discovery and devices of the camera SDK.
+//
+// Texts are UTF-8, owned by the SDK, and may be null. `err` arguments are optional and may be null. Calls may come from
+// several threads at once. No operation throws.
+#ifndef MOXCAMERAAPI_MOXCAM_H
+#define MOXCAMERAAPI_MOXCAM_H
+
+#include <Base/GCLinkage.h>
+#include <MoxCameraApi/MoxCamErr.h>
+
+#include <cstddef>
+#include <cstdint>
+
+namespace MoxGenParam {
+class Array;
+}
+
+namespace MoxCam {
+
+class Interface;
+class DeviceInfo;
+
+/** Receives an event on a thread of the SDK; @p data is valid during the call only. */
+using EventCallback = void (*)(const void *data, unsigned long size, void *context);
+
+/** Events of a device, and of an interface for the last one. */
+enum EventId { EventDeviceConnected = 1003, EventDeviceDisconnected = 1004, EventActionAcknowledge = 1005 };
+
+/** Transport codes of `Interface::GetType`. */
+enum InterfaceType {
+    InterfaceCustom = 0,
+    InterfaceUsb3Vision = 1,
+    InterfaceGigEVision = 2,
+    InterfaceCameraLink = 3,
+    InterfaceCoaXPress = 4,
+    InterfaceHdSdi = 5
+};
+
+/** Codes of `DeviceInfo::GetAccessStatus`: the GenTL standard's, and one for an address outside the subnet. */
+enum AccessStatus {
+    AccessUnknown = 0,
+    AccessReadWrite = 1,
+    AccessReadOnly = 2,
+    AccessNoAccess = 3,
+    AccessSubnetMismatch = 1001
+};
+
+/** Walks what a lookup found; the state of the walk lives in the list, so `GetNext` follows `GetFirst` in sequence. */
+class MOXSDK_INTERFACE InterfaceList
+{
+public:
+    virtual void Release() = 0;
+    virtual std::size_t GetCount() = 0;
+    virtual Interface *GetFirst() = 0;
+    virtual Interface *GetNext() = 0;
+
+protected:
+    ~InterfaceList() = default;
+};
+
+/** As InterfaceList, over the devices of an interface. */
+class MOXSDK_INTERFACE DeviceInfoList
+{
+public:
+    virtual void Release() = 0;
+    virtual std::size_t GetCount() = 0;
+    virtual DeviceInfo *GetFirst() = 0;
+    virtual DeviceInfo *GetNext() = 0;
+
+protected:
+    ~DeviceInfoList() = default;
+};
+
+/** The SDK's view of the machine. Interfaces and device infos belong to it and stay valid until `Release`. */
+class MOXSDK_INTERFACE System
+{
+public:
+    virtual void Release() = 0;
+    /** Interfaces of the transports in the mask; the caller releases the list. Null means none. */
+    virtual InterfaceList *GetInterfaceList(std::uint32_t typeMask) = 0;
+
+protected:
+    ~System() = default;
+};
+
+/** A network adapter, a USB host, a frame grabber. */
+class MOXSDK_INTERFACE Interface
+{
+public:
+    /** What the last discovery found; the caller releases the list. */
+    virtual DeviceInfoList *GetDeviceInfoList() = 0;
+    /** Asks a GigE Vision device at a dotted address directly; null when none answers. */
+    virtual DeviceInfo *ConnectByIp(const char *ipAddress) = 0;
+    /** Runs a discovery that takes at most @p timeout milliseconds; @p changed may be null. */
+    virtual void ReDiscoverDevices(bool *changed, std::uint32_t timeout) = 0;
+    virtual const char *GetDescription() = 0;
+    /** One of `InterfaceType`. */
+    virtual int GetType() = 0;
+    virtual const char *GetID() = 0;
+    virtual const char *GetVersion() = 0;
+    virtual void RegisterEventCallback(std::uint32_t eventId, EventCallback callback, void *context) = 0;
+    /** The interface's own parameters; null when it has none. */
+    virtual MoxGenParam::Array *GetParameters(MoxCamErr *err) = 0;
+
+protected:
+    ~Interface() = default;
+};
+
+/** A camera that discovery found. It goes on answering after the camera is gone. */
+class MOXSDK_INTERFACE DeviceInfo
+{
+public:
+    virtual Interface *GetInterface() = 0;
+    virtual const char *GetID() = 0;
+    virtual const char *GetVendor() = 0;
+    virtual const char *GetModel() = 0;
+    virtual const char *GetDisplayName() = 0;
+    virtual const char *GetUserDefinedName() = 0;
+    virtual const char *GetSerialNumber() = 0;
+    virtual const char *GetVersion() = 0;
+    /** One of `AccessStatus`. */
+    virtual int GetAccessStatus() = 0;
+    virtual const char *GetIPAddress(MoxCamErr *err) = 0;
+    virtual const char *GetNetmask(MoxCamErr *err) = 0;
+    virtual const char *GetGateway(MoxCamErr *err) = 0;
+    /** Assigns an address until the camera's next start; first dotted number in the most significant byte. */
+    virtual MoxCamErr ForceIP(std::uint32_t ip, std::uint32_t netmask, std::uint32_t gateway) = 0;
+
+protected:
+    ~DeviceInfo() = default;
+};
+
+/** An opened camera. */
+class MOXSDK_INTERFACE Device
+{
+public:
+    /** Closes the camera and ends its parameters and node map. */
+    virtual void Release() = 0;
+    virtual MoxCamErr RegisterEvent(int eventId, EventCallback callback, void *context) = 0;
+    virtual MoxCamErr UnregisterEvent(int eventId, EventCallback callback, void *context) = 0;
+    /** The camera's parameters, valid until `Release`; null with an error when the camera gave none. */
+    virtual MoxGenParam::Array *GetCameraParameters(MoxCamErr *err) = 0;
+
+protected:
+    ~Device() = default;
+};
+
+} // namespace MoxCam
+
+extern "C" {
+
+/** The one system of the process, counted by call; null when the SDK cannot start. Each call is ended by `Release`. */
+MOXSDK_EXPORT MoxCam::System *MoxCam_GetSystem();
+
+/**
+ * Opens a camera. Null when it is gone, in use, outside the subnet, or gives no usable description.
+ * @p accessMode 2 asks for control; @p flags is 0.
+ */
+MOXSDK_EXPORT MoxCam::Device *MoxCam_CreateDevice(MoxCam::DeviceInfo *info, int accessMode, int flags);
+}
+
+#endif
