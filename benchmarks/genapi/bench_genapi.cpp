@@ -1,0 +1,186 @@
+// Measures the node map: building it, walking all features for the first time, and walking them again.
+//
+//   bench_genapi                  synthetic descriptions of 200, 2000 and 20000 features, with the growth between them
+//   bench_genapi <description>    one description file over a port that answers zeros
+#include "nodemapfactory.h"
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <cstring>
+#include <fstream>
+#include <functional>
+#include <sstream>
+#include <string>
+#include <unordered_map>
+
+using namespace GenApi;
+
+namespace {
+
+class CountingPort : public IPort
+{
+public:
+    EAccessMode GetAccessMode() const override { return RW; }
+    void Read(void *buffer, std::int64_t address, std::int64_t length) override
+    {
+        ++accesses;
+        auto *bytes = static_cast<unsigned char *>(buffer);
+        for (std::int64_t i = 0; i < length; ++i) {
+            const auto found = m_memory.find(address + i);
+            bytes[i] = found == m_memory.end() ? 0 : found->second;
+        }
+    }
+    void Write(const void *buffer, std::int64_t address, std::int64_t length) override
+    {
+        ++accesses;
+        for (std::int64_t i = 0; i < length; ++i)
+            m_memory[address + i] = static_cast<const unsigned char *>(buffer)[i];
+    }
+
+    long accesses = 0;
+
+private:
+    std::unordered_map<std::int64_t, unsigned char> m_memory;
+};
+
+// Ten features a category; an integer with a maximum that another register holds, a float through a converter, an
+// enumeration, a boolean on one bit, in turn; every tenth one is polled.
+std::string syntheticDescription(int features)
+{
+    std::ostringstream xml;
+    xml << "<RegisterDescription><Category Name=\"Root\">";
+    for (int group = 0; group < features / 10; ++group)
+        xml << "<pFeature>Group" << group << "</pFeature>";
+    xml << "</Category><Port Name=\"Device\"/>";
+    for (int i = 0; i < features; ++i) {
+        if (i % 10 == 0) {
+            xml << "<Category Name=\"Group" << i / 10 << "\">";
+            for (int j = i; j < std::min(i + 10, features); ++j)
+                xml << "<pFeature>F" << j << "</pFeature>";
+            xml << "</Category>";
+        }
+        const std::string head = "Name=\"F" + std::to_string(i) + "\"><ToolTip>tip</ToolTip><DisplayName>Feature "
+            + std::to_string(i) + "</DisplayName>";
+        const std::string value = "<pValue>R" + std::to_string(i) + "</pValue>";
+        switch (i % 4) {
+        case 0:
+            xml << "<Integer " << head << value << "<pMax>M" << i << "</pMax></Integer><IntReg Name=\"M" << i
+                << "\"><Address>" << 0x100000 + 8 * i
+                << "</Address><Length>4</Length><AccessMode>RO</AccessMode><pPort>Device</pPort></IntReg>";
+            break;
+        case 1:
+            xml << "<Float " << head << "<pValue>C" << i << "</pValue></Float><Converter Name=\"C" << i
+                << "\"><FormulaTo>FROM*100</FormulaTo><FormulaFrom>TO/100</FormulaFrom>" << value << "</Converter>";
+            break;
+        case 2:
+            xml << "<Enumeration " << head << "<EnumEntry Name=\"Off\"><Value>0</Value></EnumEntry>"
+                << "<EnumEntry Name=\"On\"><Value>1</Value></EnumEntry>" << value << "</Enumeration>";
+            break;
+        default:
+            xml << "<Boolean " << head << value << "</Boolean>";
+        }
+        xml << "<MaskedIntReg Name=\"R" << i << "\"><Address>" << 8 * i
+            << "</Address><Length>4</Length><AccessMode>RW</AccessMode><pPort>Device</pPort>"
+            << (i % 10 ? "" : "<PollingTime>1000</PollingTime>") << "<LSB>0</LSB><MSB>" << (i % 4 == 3 ? 0 : 15)
+            << "</MSB></MaskedIntReg>";
+    }
+    xml << "</RegisterDescription>";
+    return xml.str();
+}
+
+int features = 0;
+
+void walk(ICategory &category)
+{
+    FeatureList_t list;
+    category.GetFeatures(list);
+    for (IValue *value : list) {
+        ++features;
+        if (auto *inner = dynamic_cast<ICategory *>(value)) {
+            walk(*inner);
+            continue;
+        }
+        try {
+            value->GetNode()->GetDisplayName();
+            if (!IsReadable(value))
+                continue;
+            if (auto *integer = dynamic_cast<IInteger *>(value)) {
+                integer->GetMin();
+                integer->GetMax();
+            } else if (auto *real = dynamic_cast<IFloat *>(value)) {
+                real->GetMin();
+                real->GetMax();
+            }
+            value->ToString();
+        } catch (const GenICam::GenericException &) {
+            // Zeros are no valid state of a real camera everywhere.
+        }
+    }
+}
+
+double milliseconds(const std::function<void()> &work)
+{
+    const auto start = std::chrono::steady_clock::now();
+    work();
+    return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start).count();
+}
+
+struct Figures
+{
+    double parse = 0, first = 0, second = 0, poll = 0;
+};
+
+Figures measure(const std::string &label, const std::string &description)
+{
+    CountingPort port;
+    std::unique_ptr<INodeMap> map;
+    Figures figures;
+    figures.parse = milliseconds([&] { map = MoxGenApi::createNodeMap(description, port, "bench"); });
+    auto &root = dynamic_cast<ICategory &>(*map->GetNode("Root"));
+    features = 0;
+    figures.first = milliseconds([&] { walk(root); });
+    const long firstAccesses = port.accesses;
+    const int count = features;
+    constexpr int repetitions = 20;
+    figures.second = milliseconds([&] {
+                         for (int i = 0; i < repetitions; ++i)
+                             walk(root);
+                     })
+        / repetitions;
+    const long cachedAccesses = (port.accesses - firstAccesses) / repetitions;
+    figures.poll = milliseconds([&] { map->Poll(1); });
+    std::printf("%-12s %9d %8llu %10.2f %10.2f %10.3f %10.4f %9ld %9ld\n", label.c_str(), count,
+                static_cast<unsigned long long>(map->GetNumNodes()), figures.parse, figures.first, figures.second,
+                figures.poll, firstAccesses, cachedAccesses);
+    return figures;
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    std::printf("%-12s %9s %8s %10s %10s %10s %10s %9s %9s\n", "description", "features", "nodes", "parse ms",
+                "walk ms", "again ms", "poll ms", "accesses", "again");
+    if (argc > 1) {
+        std::ifstream file(argv[1], std::ios::binary);
+        std::stringstream text;
+        text << file.rdbuf();
+        try {
+            measure("file", text.str());
+        } catch (const GenICam::GenericException &error) {
+            std::fprintf(stderr, "%s\n", error.GetDescription());
+            return 1;
+        }
+        return 0;
+    }
+    Figures before;
+    for (const int count : {200, 2000, 20000}) {
+        const Figures now = measure("synthetic", syntheticDescription(count));
+        if (before.parse > 0)
+            std::printf("%-12s %20s %9.1fx %9.1fx %9.1fx\n", "  growth", "10.0x features", now.parse / before.parse,
+                        now.first / before.first, now.second / before.second);
+        before = now;
+    }
+    return 0;
+}

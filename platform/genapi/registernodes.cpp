@@ -1,0 +1,240 @@
+#include "registernodes.h"
+
+#include "nodemap.h"
+#include "numbers.h"
+
+#include <algorithm>
+#include <cstring>
+#include <limits>
+
+namespace MoxGenApi {
+
+using namespace GenApi;
+
+namespace {
+
+constexpr std::size_t longestNumber = 8;
+
+// Both directions: the order of the bytes in the register against the least significant first.
+std::uint64_t numberFrom(Bytes bytes, bool isBigEndian)
+{
+    if (isBigEndian)
+        std::reverse(bytes.begin(), bytes.end());
+    std::uint64_t number = 0;
+    for (std::size_t i = 0; i < bytes.size(); ++i)
+        number |= static_cast<std::uint64_t>(bytes[i]) << (8 * i);
+    return number;
+}
+
+Bytes bytesFrom(std::uint64_t number, std::size_t length, bool isBigEndian)
+{
+    Bytes bytes(length);
+    for (std::size_t i = 0; i < length; ++i)
+        bytes[i] = static_cast<std::uint8_t>(number >> (8 * i));
+    if (isBigEndian)
+        std::reverse(bytes.begin(), bytes.end());
+    return bytes;
+}
+
+std::uint64_t lowBits(int count)
+{
+    return count >= 64 ? ~std::uint64_t(0) : (std::uint64_t(1) << count) - 1;
+}
+
+std::int64_t withSign(std::uint64_t number, int width, bool isSigned)
+{
+    if (isSigned && width < 64 && number >> (width - 1) & 1)
+        number |= ~lowBits(width);
+    return static_cast<std::int64_t>(number);
+}
+
+} // namespace
+
+IntRegNode::IntRegNode(NodeMap &map, const NodeDescription &description, std::size_t position)
+    : RegisterOf(map, description, position),
+      m_isBigEndian(description.text("Endianess") == "BigEndian"),
+      m_isSigned(description.text("Sign") == "Signed")
+{ }
+
+std::size_t IntRegNode::checkedLength()
+{
+    const auto bytes = static_cast<std::size_t>(length());
+    if (bytes > longestNumber)
+        throw RUNTIME_EXCEPTION("Node '%s': a register of %lld bytes is too long for an integer.", name(),
+                                static_cast<long long>(bytes));
+    return bytes;
+}
+
+int IntRegNode::width()
+{
+    return static_cast<int>(8 * checkedLength());
+}
+
+std::int64_t IntRegNode::readInteger(bool ignoreCache)
+{
+    const int bits = width();
+    return withSign(numberFrom(bytes(ignoreCache), m_isBigEndian), bits, m_isSigned);
+}
+
+void IntRegNode::writeInteger(std::int64_t value, bool)
+{
+    setBytes(bytesFrom(static_cast<std::uint64_t>(value), checkedLength(), m_isBigEndian));
+}
+
+std::int64_t IntRegNode::naturalMin()
+{
+    return m_isSigned ? static_cast<std::int64_t>(~lowBits(width() - 1)) : 0;
+}
+
+// An unsigned number of 64 bits ends where the type of the interface ends.
+std::int64_t IntRegNode::naturalMax()
+{
+    const int bits = width();
+    return static_cast<std::int64_t>(lowBits(std::min(m_isSigned ? bits - 1 : bits, 63)));
+}
+
+MaskedIntRegNode::MaskedIntRegNode(NodeMap &map, const NodeDescription &description, std::size_t position)
+    : IntRegNode(map, description, position)
+{
+    const auto bit = parseInteger(description.text("Bit"));
+    m_lsb = parseInteger(description.text("LSB")).value_or(bit.value_or(0));
+    m_msb = parseInteger(description.text("MSB")).value_or(bit.value_or(m_lsb));
+}
+
+// In a big endian register bit 0 is the most significant one. Descriptions mix up LSB and MSB now and then, and either
+// order means the same bits.
+MaskedIntRegNode::Field MaskedIntRegNode::field(std::size_t length) const
+{
+    const auto bits = static_cast<std::int64_t>(8 * length);
+    const std::int64_t first = m_isBigEndian ? bits - 1 - m_lsb : m_lsb;
+    const std::int64_t second = m_isBigEndian ? bits - 1 - m_msb : m_msb;
+    const std::int64_t low = std::min(first, second);
+    const std::int64_t high = std::max(first, second);
+    if (low < 0 || high >= bits)
+        throw RUNTIME_EXCEPTION("Node '%s': its bits lie outside of its register.", name());
+    return {static_cast<int>(low), static_cast<int>(high - low + 1)};
+}
+
+int MaskedIntRegNode::width()
+{
+    return field(checkedLength()).width;
+}
+
+std::uint8_t MaskedIntRegNode::shownBits(std::size_t index) const
+{
+    const auto size = static_cast<std::size_t>(heldLength());
+    if (size == 0 || size > longestNumber || index >= size)
+        return 0xff;
+    const Field bits = field(size);
+    return bytesFrom(lowBits(bits.width) << bits.low, size, m_isBigEndian)[index];
+}
+
+std::int64_t MaskedIntRegNode::readInteger(bool ignoreCache)
+{
+    const Field bits = field(checkedLength());
+    const std::uint64_t number = numberFrom(bytes(ignoreCache), m_isBigEndian) >> bits.low & lowBits(bits.width);
+    return withSign(number, bits.width, m_isSigned);
+}
+
+void MaskedIntRegNode::writeInteger(std::int64_t value, bool)
+{
+    const std::size_t size = checkedLength();
+    const Field bits = field(size);
+    const std::uint64_t mask = lowBits(bits.width) << bits.low;
+    // The other bits of the register stay; where the register cannot be read they are zero.
+    std::uint64_t number = IsReadable(registerMode()) ? numberFrom(bytes(false), m_isBigEndian) : 0;
+    number = (number & ~mask) | (static_cast<std::uint64_t>(value) << bits.low & mask);
+    setBytes(bytesFrom(number, size, m_isBigEndian));
+}
+
+FloatRegNode::FloatRegNode(NodeMap &map, const NodeDescription &description, std::size_t position)
+    : RegisterOf(map, description, position), m_isBigEndian(description.text("Endianess") == "BigEndian")
+{ }
+
+double FloatRegNode::readReal(bool ignoreCache)
+{
+    const std::uint64_t bits = numberFrom(bytes(ignoreCache), m_isBigEndian);
+    if (length() == sizeof(double)) {
+        double value = 0;
+        std::memcpy(&value, &bits, sizeof value);
+        return value;
+    }
+    if (length() == sizeof(float)) {
+        const auto half = static_cast<std::uint32_t>(bits);
+        float value = 0;
+        std::memcpy(&value, &half, sizeof value);
+        return static_cast<double>(value);
+    }
+    throw RUNTIME_EXCEPTION("Node '%s': a register of %lld bytes holds no floating point number.", name(),
+                            static_cast<long long>(length()));
+}
+
+void FloatRegNode::writeReal(double value, bool)
+{
+    std::uint64_t bits = 0;
+    if (length() == sizeof(double)) {
+        std::memcpy(&bits, &value, sizeof value);
+    } else if (length() == sizeof(float)) {
+        // Beyond what the shorter number holds, its limit is written.
+        constexpr auto limit = static_cast<double>(std::numeric_limits<float>::max());
+        const auto half = static_cast<float>(std::clamp(value, -limit, limit));
+        std::memcpy(&bits, &half, sizeof half);
+    } else {
+        throw RUNTIME_EXCEPTION("Node '%s': a register of %lld bytes holds no floating point number.", name(),
+                                static_cast<long long>(length()));
+    }
+    setBytes(bytesFrom(bits, static_cast<std::size_t>(length()), m_isBigEndian));
+}
+
+double FloatRegNode::naturalMin()
+{
+    return -naturalMax();
+}
+
+double FloatRegNode::naturalMax()
+{
+    return length() == sizeof(float) ? static_cast<double>(std::numeric_limits<float>::max())
+                                     : std::numeric_limits<double>::max();
+}
+
+std::string StringRegNode::readText(bool ignoreCache)
+{
+    const Bytes content = bytes(ignoreCache);
+    return std::string(content.begin(), std::find(content.begin(), content.end(), 0));
+}
+
+void StringRegNode::writeText(const std::string &text, bool)
+{
+    Bytes content(static_cast<std::size_t>(length()));
+    std::copy(text.begin(), text.end(), content.begin());
+    setBytes(content);
+}
+
+std::string RegisterNode::printed(bool ignoreCache)
+{
+    static const char digits[] = "0123456789abcdef";
+    std::string text = "0x";
+    for (std::uint8_t byte : bytes(ignoreCache)) {
+        text += digits[byte >> 4];
+        text += digits[byte & 0xf];
+    }
+    return text;
+}
+
+void RegisterNode::setPrinted(const std::string &text, bool verify)
+{
+    const bool hasPrefix = text.rfind("0x", 0) == 0 || text.rfind("0X", 0) == 0;
+    const std::string digits = text.substr(hasPrefix ? 2 : 0);
+    Bytes content;
+    for (std::size_t i = 0; i + 1 < digits.size(); i += 2) {
+        if (const auto byte = parseInteger("0x" + digits.substr(i, 2)))
+            content.push_back(static_cast<std::uint8_t>(*byte));
+    }
+    if (digits.size() % 2 || content.size() * 2 != digits.size()
+        || static_cast<std::int64_t>(content.size()) != length())
+        throw INVALID_ARGUMENT_EXCEPTION("Node '%s': '%s' is not the hexadecimal form of %lld bytes.", name(),
+                                         text.c_str(), static_cast<long long>(length()));
+    Set(content.data(), static_cast<std::int64_t>(content.size()), verify);
+}
+
+} // namespace MoxGenApi
