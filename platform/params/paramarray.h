@@ -4,6 +4,7 @@
 
 #include <MoxCameraApi/MoxGenParam.h>
 
+#include <functional>
 #include <memory>
 
 namespace MoxSdk {
@@ -32,6 +33,12 @@ public:
     MoxCamErr SetIntegerValue(const char *name, std::int64_t value) override;
     std::int64_t GetIntegerValue(const char *name, MoxCamErr *err) override;
     MoxCamErr ExecuteCommand(const char *name) override;
+
+    /**
+     * Drops every sink, then runs @p end, which may delete the array and the node map: at once, or, when a sink of this
+     * array is being called on this thread, from the event loop after that call.
+     */
+    void retire(std::function<void()> end);
 
 private:
     std::unique_ptr<ParamArrayPrivate> const d;

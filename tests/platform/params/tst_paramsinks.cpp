@@ -1,0 +1,295 @@
+// Who hears of a parameter's change, when, and on which thread.
+#include "params/paramarray.h"
+
+#include <fakenodes.h>
+#include <testmain.h>
+
+#include <QThread>
+
+#include <atomic>
+#include <thread>
+
+using namespace MoxTest;
+using MoxSdk::ParamArray;
+using Log = QStringList;
+
+namespace {
+
+bool onGuiThread()
+{
+    return QThread::currentThread() == QCoreApplication::instance()->thread();
+}
+
+/** Logs its calls and runs what the test wants. */
+class Sink final : public MoxGenParam::ParamEventSink
+{
+public:
+    Sink(const char *sinkName, Log &sinkLog) : name(sinkName), log(sinkLog) { }
+
+    void OnParameterUpdate(MoxGenParam::Param *param) override
+    {
+        wrongThread = wrongThread || !onGuiThread();
+        log << QLatin1String(name) + QLatin1Char(' ') + QLatin1String(param->GetName());
+        if (action)
+            action();
+    }
+
+    const char *name;
+    Log &log;
+    std::function<void()> action;
+    bool wrongThread = false;
+};
+
+/** Two parameters and three sinks that are registered nowhere yet. */
+struct Setup
+{
+    Log log;
+    Sink first{"1", log};
+    std::unique_ptr<Sink> second = std::make_unique<Sink>("2", log);
+    Sink third{"3", log};
+    FakeNodeMap map;
+    FakeInteger &nodeA = map.add<FakeInteger>("A");
+    FakeInteger &nodeB = map.add<FakeInteger>("B");
+    std::unique_ptr<ParamArray> array = std::make_unique<ParamArray>(map);
+    MoxGenParam::Int *a = array->GetInt("A", nullptr);
+    MoxGenParam::Int *b = array->GetInt("B", nullptr);
+};
+
+Log entries(const char *text)
+{
+    return QString::fromLatin1(text).split(QLatin1Char(','));
+}
+
+template<class Function> void onOtherThread(Function function)
+{
+    std::thread(function).join();
+}
+
+} // namespace
+
+class TestParamSinks : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void insideTheWrite();
+    void changesDuringAnUpdate();
+    void fromAnotherThread();
+    void queuedUpdatesAreDropped();
+    void theArrayDropsItsSinks();
+    void theArrayDiesOnAnotherThread();
+    void retiring();
+    void polling();
+    void manyThreads();
+};
+
+void TestParamSinks::insideTheWrite()
+{
+    Setup s;
+    s.nodeA.dependents = {&s.nodeB};
+    s.a->RegisterEventSink(nullptr);
+    s.a->UnregisterEventSink(&s.first);
+    s.a->RegisterEventSink(&s.first);
+    s.b->RegisterEventSink(&s.third);
+    s.a->RegisterEventSink(&s.third);
+    s.a->RegisterEventSink(&s.first);
+    QCOMPARE(s.a->SetValue(5), MoxCamError::Success);
+    QCOMPARE(s.log, entries("1 A,3 A,3 B"));
+    QCOMPARE(s.a->SetValue(1000), MoxCamError::GenICamOutOfRange);
+    s.a->UnregisterEventSink(&s.third);
+    s.nodeA.changed();
+    QCOMPARE(s.log.mid(3), entries("1 A,3 B"));
+}
+
+void TestParamSinks::changesDuringAnUpdate()
+{
+    Setup s;
+    for (Sink *sink : {&s.first, s.second.get(), &s.third})
+        s.a->RegisterEventSink(sink);
+    Sink late("late", s.log);
+    s.first.action = [&] {
+        if (s.a->GetValue(nullptr) < 7) {
+            s.a->SetValue(s.a->GetValue(nullptr) + 1);
+            return;
+        }
+        s.a->UnregisterEventSink(&s.first);
+        s.a->UnregisterEventSink(s.second.get());
+        s.second.reset();
+        s.a->RegisterEventSink(&late);
+        s.b->RegisterEventSink(&late);
+        s.b->SetValue(1);
+    };
+    QCOMPARE(s.a->SetValue(5), MoxCamError::Success);
+    QCOMPARE(s.log, entries("1 A,1 A,1 A,late B,3 A,3 A,3 A"));
+    s.a->SetValue(8);
+    QCOMPARE(s.log.mid(7), entries("3 A,late A"));
+}
+
+void TestParamSinks::fromAnotherThread()
+{
+    Setup s;
+    s.a->RegisterEventSink(&s.first);
+    s.b->RegisterEventSink(&s.first);
+    s.a->RegisterEventSink(&s.third);
+    onOtherThread([&] {
+        s.b->SetValue(1);
+        for (int value = 1; value < 50; ++value)
+            s.a->SetValue(value);
+        s.b->SetValue(2);
+    });
+    QCOMPARE(s.log, Log());
+    QTRY_COMPARE(s.log, entries("1 B,1 A,3 A"));
+
+    // What comes during the delivery is one more round.
+    s.first.action = [&] {
+        s.first.action = nullptr;
+        onOtherThread([&] { s.a->SetValue(7); });
+        s.log << QStringLiteral("end");
+    };
+    onOtherThread([&] { s.b->SetValue(3); });
+    QTRY_COMPARE(s.log.mid(3), entries("1 B,end,1 A,3 A"));
+    QVERIFY(!s.first.wrongThread && !s.third.wrongThread);
+}
+
+void TestParamSinks::queuedUpdatesAreDropped()
+{
+    Setup s;
+    for (Sink *sink : {&s.first, s.second.get()})
+        s.a->RegisterEventSink(sink);
+    s.b->RegisterEventSink(&s.third);
+    onOtherThread([&] { s.map.InvalidateNodes(); });
+    // One that subscribes again starts afresh.
+    s.a->UnregisterEventSink(&s.first);
+    s.a->RegisterEventSink(&s.first);
+    s.a->UnregisterEventSink(s.second.get());
+    QTRY_COMPARE(s.log, entries("3 B"));
+
+    s.a->RegisterEventSink(s.second.get());
+    s.first.action = [&] {
+        s.a->UnregisterEventSink(s.second.get());
+        s.second.reset();
+    };
+    onOtherThread([&] { s.map.InvalidateNodes(); });
+    QTRY_COMPARE(s.log, entries("3 B,1 A,3 B"));
+}
+
+void TestParamSinks::theArrayDropsItsSinks()
+{
+    Setup s;
+    s.a->RegisterEventSink(s.second.get());
+    onOtherThread([&] { s.a->SetValue(1); });
+    s.array.reset();
+    s.second.reset();
+    QCOMPARE(s.nodeA.callbackCount(), std::size_t(0));
+    s.nodeA.changed();
+    QCoreApplication::processEvents();
+    QCOMPARE(s.log, Log());
+}
+
+void TestParamSinks::theArrayDiesOnAnotherThread()
+{
+    Setup s;
+    s.b->RegisterEventSink(&s.first);
+    std::thread killer;
+    std::atomic<bool> dead{false};
+    bool deadInside = true;
+    s.first.action = [&] {
+        killer = std::thread([&] {
+            s.array.reset();
+            dead = true;
+        });
+        QTest::qWait(50);
+        deadInside = dead;
+    };
+    // The destructor waits for the update that is being delivered.
+    onOtherThread([&] { s.map.InvalidateNodes(); });
+    QTRY_COMPARE(s.log, entries("1 B"));
+    killer.join();
+    QVERIFY(!deadInside);
+}
+
+void TestParamSinks::retiring()
+{
+    Setup s;
+    bool inside = false;
+    const auto end = [&] {
+        s.log << (inside ? QStringLiteral("too early") : QStringLiteral("end"));
+        s.array.reset();
+    };
+    s.a->RegisterEventSink(&s.first);
+    s.b->RegisterEventSink(&s.first);
+    s.first.action = [&] {
+        inside = true;
+        s.array->retire(end);
+        s.a->RegisterEventSink(&s.third);
+        QCoreApplication::processEvents();
+        inside = false;
+    };
+    onOtherThread([&] { s.map.InvalidateNodes(); });
+    QTRY_COMPARE(s.log, entries("1 A,end"));
+
+    s.array = std::make_unique<ParamArray>(s.map);
+    s.array->retire(end);
+    QCOMPARE(s.log, entries("1 A,end,end"));
+}
+
+void TestParamSinks::polling()
+{
+    Setup s;
+    std::vector<std::int64_t> polls;
+    s.map.onPoll = [&](std::int64_t elapsed) {
+        s.first.wrongThread = s.first.wrongThread || !onGuiThread();
+        polls.push_back(elapsed);
+        if (polls.size() == 1)
+            throw TIMEOUT_EXCEPTION("the camera does not answer");
+        s.nodeA.changed();
+    };
+    QElapsedTimer clock;
+    clock.start();
+    onOtherThread([&] { s.a->RegisterEventSink(&s.first); });
+    QTRY_COMPARE(s.log, entries("1 A"));
+    QCOMPARE(polls.size(), std::size_t(2));
+    QVERIFY(polls[0] >= 450 && polls[1] >= 450);
+    QVERIFY(polls[0] + polls[1] <= clock.elapsed());
+
+    // The last subscription that goes ends it; a new one starts over.
+    s.a->UnregisterEventSink(&s.first);
+    QTest::qWait(700);
+    QCOMPARE(polls.size(), std::size_t(2));
+    s.a->RegisterEventSink(&s.first);
+    QTRY_COMPARE(polls.size(), std::size_t(3));
+    QVERIFY(polls[2] < 1100);
+    QVERIFY(!s.first.wrongThread);
+}
+
+/** A race or a deadlock shows by itself, under the thread sanitizer at the latest. */
+void TestParamSinks::manyThreads()
+{
+    Setup s;
+    s.a->RegisterEventSink(&s.first);
+    std::vector<std::thread> threads;
+    std::atomic<int> finished{0};
+    for (const char *name : {"A", "B", "B"}) {
+        threads.emplace_back([&s, &finished, name] {
+            for (int round = 0; round < 300; ++round)
+                s.array->SetIntegerValue(name, (s.array->GetIntegerValue("A", nullptr) + round) % 100);
+            ++finished;
+        });
+    }
+    while (finished < 3) {
+        s.b->RegisterEventSink(&s.third);
+        s.b->SetValue(50);
+        QCoreApplication::processEvents();
+        s.b->UnregisterEventSink(&s.third);
+    }
+    for (std::thread &thread : threads)
+        thread.join();
+    QCoreApplication::processEvents();
+    s.log.clear();
+    s.a->SetValue(1);
+    QCOMPARE(s.log, entries("1 A"));
+    QVERIFY(!s.first.wrongThread && !s.third.wrongThread);
+}
+
+MOX_TEST_MAIN(TestParamSinks)
+#include "tst_paramsinks.moc"
