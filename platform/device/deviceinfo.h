@@ -22,6 +22,9 @@ public:
     DeviceInfo(const DeviceInfo &) = delete;
     DeviceInfo &operator=(const DeviceInfo &) = delete;
 
+    /** The living object behind a pointer of unknown origin, which is compared and never followed; null for a stranger. */
+    static DeviceInfo *living(const MoxCam::DeviceInfo *info);
+
     MoxCam::Interface *GetInterface() override;
     const char *GetID() override;
     const char *GetVendor() override;

@@ -48,6 +48,11 @@ protected:
     /** Looks for cameras, for at most @p limit, and gives them in a stable order. Must not throw. */
     virtual std::vector<DeviceRecord> discover(std::chrono::milliseconds limit) = 0;
 
+    /** The kept object of a camera, brought up to date. It joins the list only when a discovery finds it. Never null. */
+    DeviceInfo *keep(const DeviceRecord &record);
+    /** Hands an event with a copy of its data to the callbacks, on the SDK's event thread. From any thread. */
+    void notify(std::uint32_t eventId, const void *data, std::size_t size);
+
 private:
     std::unique_ptr<InterfacePrivate> const d;
 };

@@ -1,0 +1,125 @@
+#include "interface.h"
+
+#include "deviceinfo.h"
+#include "elementlist.h"
+#include "eventsource.h"
+
+#include <mutex>
+#include <unordered_map>
+#include <unordered_set>
+
+namespace MoxSdk {
+
+class InterfacePrivate
+{
+public:
+    InterfacePrivate(int transport, std::string identifier, std::string text, std::string number)
+        : type(transport), id(std::move(identifier)), description(std::move(text)), version(std::move(number))
+    { }
+
+    const int type;
+    const std::string id;
+    const std::string description;
+    const std::string version;
+
+    const std::shared_ptr<EventSource> events = std::make_shared<EventSource>();
+    std::mutex discovering; // one discovery at a time; taken before the other one
+    std::mutex mutex; // guards what follows, and is free while a discovery looks around
+    std::unordered_map<std::string, std::unique_ptr<DeviceInfo>> known;
+    std::vector<MoxCam::DeviceInfo *> shown;
+};
+
+Interface::Interface(int type, std::string id, std::string description, std::string version)
+    : d(std::make_unique<InterfacePrivate>(type, std::move(id), std::move(description), std::move(version)))
+{ }
+
+Interface::~Interface()
+{
+    d->events->close();
+}
+
+MoxCam::DeviceInfoList *Interface::GetDeviceInfoList()
+{
+    const std::lock_guard<std::mutex> lock(d->mutex);
+    return new ElementList<MoxCam::DeviceInfoList, MoxCam::DeviceInfo>(d->shown);
+}
+
+MoxCam::DeviceInfo *Interface::ConnectByIp(const char *)
+{
+    return nullptr;
+}
+
+void Interface::ReDiscoverDevices(bool *changed, std::uint32_t timeout)
+{
+    const std::lock_guard<std::mutex> discovery(d->discovering);
+    const std::vector<DeviceRecord> records = discover(std::chrono::milliseconds(timeout));
+
+    std::vector<MoxCam::DeviceInfo *> found;
+    std::unordered_set<DeviceInfo *> seen;
+    for (const DeviceRecord &record : records) {
+        DeviceInfo *info = keep(record);
+        if (seen.insert(info).second)
+            found.push_back(info);
+    }
+    const std::lock_guard<std::mutex> lock(d->mutex);
+    // One object stands for one identifier, so the pointers tell whether the identifiers changed.
+    if (changed)
+        *changed = found != d->shown;
+    d->shown = std::move(found);
+}
+
+const char *Interface::GetDescription()
+{
+    return d->description.c_str();
+}
+
+int Interface::GetType()
+{
+    return d->type;
+}
+
+const char *Interface::GetID()
+{
+    return d->id.c_str();
+}
+
+const char *Interface::GetVersion()
+{
+    return d->version.c_str();
+}
+
+void Interface::RegisterEventCallback(std::uint32_t eventId, MoxCam::EventCallback callback, void *context)
+{
+    if (callback)
+        d->events->add(int(eventId), callback, context);
+}
+
+MoxGenParam::Array *Interface::GetParameters(MoxCamErr *err)
+{
+    if (err)
+        *err = MoxCamError::GenTLNotAvailable;
+    return nullptr;
+}
+
+MoxCamErr Interface::forceIp(const DeviceRecord &, std::uint32_t, std::uint32_t, std::uint32_t)
+{
+    return MoxCamError::GenTLNotImplemented;
+}
+
+DeviceInfo *Interface::keep(const DeviceRecord &record)
+{
+    const std::lock_guard<std::mutex> lock(d->mutex);
+    std::unique_ptr<DeviceInfo> &info = d->known[record.id];
+    if (info)
+        info->setRecord(record);
+    else
+        info = std::make_unique<DeviceInfo>(*this, record);
+    return info.get();
+}
+
+void Interface::notify(std::uint32_t eventId, const void *data, std::size_t size)
+{
+    d->events->post(int(eventId), std::string(static_cast<const char *>(data), size));
+}
+
+} // namespace MoxSdk

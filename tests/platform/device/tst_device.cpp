@@ -1,0 +1,309 @@
+// Opened cameras: their parameters, their events, and their end.
+#include "device/device.h"
+
+#include "fakelink.h"
+
+#include <MoxCameraApi/MoxGenParam.h>
+#include <testmain.h>
+
+#include <QSemaphore>
+#include <QThread>
+
+#include <mutex>
+#include <thread>
+
+using namespace MoxTest;
+using MoxSdk::Device;
+using Events = QList<int>;
+
+namespace {
+
+constexpr int connected = MoxCam::EventDeviceConnected;
+constexpr int disconnected = MoxCam::EventDeviceDisconnected;
+
+/** Notes each event and its thread; the test may act in it. */
+struct Recorder
+{
+    Events taken()
+    {
+        const std::lock_guard<std::mutex> lock(mutex);
+        return events;
+    }
+
+    std::mutex mutex;
+    Events events;
+    QSet<QThread *> threads;
+    std::function<void()> action;
+};
+
+template<int eventId> void record(const void *, unsigned long, void *context)
+{
+    auto *recorder = static_cast<Recorder *>(context);
+    {
+        const std::lock_guard<std::mutex> lock(recorder->mutex);
+        recorder->events << eventId;
+        recorder->threads << QThread::currentThread();
+    }
+    if (recorder->action)
+        recorder->action();
+}
+
+class Sink final : public MoxGenParam::ParamEventSink
+{
+public:
+    void OnParameterUpdate(MoxGenParam::Param *param) override
+    {
+        readable << param->IsReadable();
+        if (action)
+            action();
+    }
+
+    QList<bool> readable;
+    std::function<void()> action;
+};
+
+/** Blocks one thread until another one lets it go on, a little later. */
+class Barrier
+{
+public:
+    void block()
+    {
+        m_inside.release();
+        m_goOn.acquire();
+        left = true;
+    }
+    void waitUntilBlocked() { m_inside.acquire(); }
+    void openSoon()
+    {
+        m_opener = std::thread([this] {
+            QThread::msleep(50);
+            m_goOn.release();
+        });
+    }
+    ~Barrier() { m_opener.join(); }
+
+    std::atomic<bool> left{false};
+
+private:
+    QSemaphore m_inside;
+    QSemaphore m_goOn;
+    std::thread m_opener;
+};
+
+struct Releaser
+{
+    void operator()(Device *device) const { device->Release(); }
+};
+using DevicePtr = std::unique_ptr<Device, Releaser>;
+
+/** An opened camera, with two recorders of both events. */
+struct Setup
+{
+    Setup()
+    {
+        for (Recorder *recorder : {&first, &second, &first})
+            subscribe(*recorder);
+    }
+    void subscribe(Recorder &recorder)
+    {
+        device->RegisterEvent(disconnected, record<disconnected>, &recorder);
+        device->RegisterEvent(connected, record<connected>, &recorder);
+    }
+    void change(bool isThere)
+    {
+        camera.gone = !isThere;
+        std::thread([&] { camera.listener(isThere); }).join();
+    }
+
+    Recorder first;
+    Recorder second;
+    FakeCamera camera;
+    DevicePtr device{new Device(std::make_unique<FakeLink>(camera), "Camera")};
+    MoxGenParam::Array *params = device->GetCameraParameters(nullptr);
+    MoxGenParam::Int *width = params->GetInt("Width", nullptr);
+};
+
+} // namespace
+
+class TestDevice : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void unusableDescription();
+    void lostAndBack();
+    void registrations();
+    void unregisterInsideTheCallback();
+    void unregisterWaitsForTheCallback();
+    void releaseWaitsForTheCallback();
+    void releaseWaitsForTheInvalidation();
+    void releaseInsideTheCallback();
+    void releaseInsideAnUpdate();
+};
+
+void TestDevice::unusableDescription()
+{
+    FakeCamera camera;
+    camera.description = "no XML";
+    QVERIFY_EXCEPTION_THROWN(Device(std::make_unique<FakeLink>(camera), ""), GenICam::RuntimeException);
+    camera.gone = true;
+    QVERIFY_EXCEPTION_THROWN(Device(std::make_unique<FakeLink>(camera), ""), GenICam::TimeoutException);
+    QCOMPARE(camera.links.load(), 0);
+}
+
+void TestDevice::lostAndBack()
+{
+    Setup s;
+    Sink sink;
+    s.width->RegisterEventSink(&sink);
+    QCOMPARE(s.width->GetValue(nullptr), 64);
+    QCOMPARE(s.params->SetIntegerValue("Width", 32), MoxCamError::Success);
+    QCOMPARE(s.camera.width.load(), 32U);
+
+    // Who hears of the event sees the camera as it is then, though everything was known before.
+    QList<bool> writable;
+    s.first.action = [&] { writable << s.width->IsWritable(); };
+    s.change(false);
+    QTRY_COMPARE(sink.readable, QList<bool>({true, false}));
+    QTRY_COMPARE(s.second.taken(), Events({disconnected}));
+    QCOMPARE(s.width->SetValue(1), MoxCamError::NoDevice);
+    s.camera.width = 16;
+    s.change(true);
+    QTRY_COMPARE(sink.readable, QList<bool>({true, false, true}));
+    QTRY_COMPARE(s.second.taken(), Events({disconnected, connected}));
+    QCOMPARE(s.width->GetValue(nullptr), 16);
+
+    for (bool isThere : {false, true, false})
+        s.change(isThere);
+    QTRY_COMPARE(s.second.taken(), Events({disconnected, connected, disconnected, connected, disconnected}));
+    QCOMPARE(s.first.taken(), s.second.taken());
+    QCOMPARE(s.first.threads.size(), 1);
+    QVERIFY(!s.first.threads.contains(QThread::currentThread()));
+    s.device.reset();
+    QCOMPARE(writable.mid(0, 2), QList<bool>({false, true}));
+    QCOMPARE(s.camera.links.load(), 0);
+    QVERIFY(!s.camera.listener);
+}
+
+void TestDevice::registrations()
+{
+    Setup s;
+    Recorder last;
+    s.device->RegisterEvent(connected, record<connected>, &last);
+    for (int i = 0; i < 2; ++i)
+        QCOMPARE(s.device->UnregisterEvent(connected, record<connected>, &s.second), MoxCamError::Success);
+    QCOMPARE(s.device->UnregisterEvent(connected, record<disconnected>, &s.first), MoxCamError::Success);
+    QCOMPARE(s.device->RegisterEvent(1005, record<connected>, &s.first), MoxCamError::InvalidArgument);
+    QCOMPARE(s.device->RegisterEvent(connected, nullptr, &s.first), MoxCamError::InvalidArgument);
+    QCOMPARE(s.device->UnregisterEvent(0, record<connected>, &s.first), MoxCamError::InvalidArgument);
+    s.change(false);
+    s.change(true);
+    QTRY_COMPARE(last.taken(), Events({connected}));
+    QCOMPARE(s.first.taken(), Events({disconnected, connected}));
+    QCOMPARE(s.second.taken(), Events({disconnected}));
+}
+
+void TestDevice::unregisterInsideTheCallback()
+{
+    Recorder last;
+    Setup s;
+    s.subscribe(last);
+    s.first.action = [&] {
+        s.device->UnregisterEvent(disconnected, record<disconnected>, &s.first);
+        s.device->UnregisterEvent(disconnected, record<disconnected>, &s.second);
+    };
+    s.change(false);
+    s.change(false);
+    QTRY_COMPARE(last.taken(), Events({disconnected, disconnected}));
+    QCOMPARE(s.first.taken(), Events({disconnected}));
+    QCOMPARE(s.second.taken(), Events());
+}
+
+void TestDevice::unregisterWaitsForTheCallback()
+{
+    Setup s;
+    Barrier barrier;
+    s.first.action = [&] { barrier.block(); };
+    s.change(false);
+    barrier.waitUntilBlocked();
+    // Another registration is free to go meanwhile.
+    s.device->UnregisterEvent(disconnected, record<disconnected>, &s.second);
+    QVERIFY(!barrier.left);
+    barrier.openSoon();
+    s.device->UnregisterEvent(disconnected, record<disconnected>, &s.first);
+    QVERIFY(barrier.left);
+    QCOMPARE(s.second.taken(), Events());
+}
+
+void TestDevice::releaseWaitsForTheCallback()
+{
+    Setup s;
+    Barrier barrier;
+    s.first.action = [&] { barrier.block(); };
+    for (bool isThere : {false, true, false})
+        s.change(isThere);
+    barrier.waitUntilBlocked();
+    barrier.openSoon();
+    s.device.reset();
+    QVERIFY(barrier.left);
+
+    // The event thread goes on for others, and only for them.
+    Setup next;
+    next.change(false);
+    QTRY_COMPARE(next.first.taken(), Events({disconnected}));
+    QCOMPARE(s.first.taken(), Events({disconnected}));
+    QCOMPARE(s.second.taken(), Events());
+}
+
+void TestDevice::releaseWaitsForTheInvalidation()
+{
+    Setup s;
+    Barrier barrier;
+    GenApi::Register(s.params->GetNodeMap(nullptr)->GetNode("Width"), [&](GenApi::INode *) { barrier.block(); });
+    s.change(false);
+    barrier.waitUntilBlocked();
+    barrier.openSoon();
+    s.device.reset();
+    QVERIFY(barrier.left);
+}
+
+void TestDevice::releaseInsideTheCallback()
+{
+    Setup s;
+    s.first.action = [&] { s.device.reset(); };
+    s.change(false);
+    QTRY_COMPARE(s.camera.links.load(), 0);
+    QCOMPARE(s.first.taken(), Events({disconnected}));
+    QCOMPARE(s.second.taken(), Events());
+}
+
+void TestDevice::releaseInsideAnUpdate()
+{
+    Setup s;
+    Sink sink;
+    auto other = std::make_unique<Sink>();
+    s.width->RegisterEventSink(&sink);
+    s.width->RegisterEventSink(other.get());
+    sink.action = [&] {
+        // The event thread wants the node map that this write has locked; nobody may wait for it here.
+        s.change(false);
+        s.device.reset();
+        other.reset();
+        QCoreApplication::processEvents();
+        QCOMPARE(s.camera.links.load(), 1);
+    };
+    QCOMPARE(s.width->SetValue(8), MoxCamError::Success);
+    QCOMPARE(sink.readable.size(), 1);
+    // Once the event of another camera is through, the one of this camera is.
+    Setup next;
+    QSemaphore through;
+    next.first.action = [&] { through.release(); };
+    next.change(false);
+    through.acquire();
+    QCOMPARE(s.first.taken(), Events());
+    QCOMPARE(s.camera.links.load(), 1);
+    QTRY_COMPARE(s.camera.links.load(), 0);
+}
+
+MOX_TEST_MAIN(TestDevice)
+#include "tst_device.moc"
