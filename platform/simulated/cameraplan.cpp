@@ -1,0 +1,120 @@
+#include "cameraplan.h"
+
+#include "../genapi/nodemapfactory.h"
+#include "descriptions.h"
+
+#include <Base/GCException.h>
+
+#include <glib.h>
+
+#include <algorithm>
+#include <fstream>
+#include <iterator>
+#include <stdexcept>
+
+namespace MoxSdk {
+
+namespace {
+
+/** Stands in for a camera while a description is tried. */
+class SilentPort final : public GenApi_3_0::IPort
+{
+public:
+    GenApi_3_0::EAccessMode GetAccessMode() const override { return GenApi_3_0::RW; }
+    void Read(void *buffer, std::int64_t, std::int64_t length) override
+    {
+        std::fill_n(static_cast<char *>(buffer), length, '\0');
+    }
+    void Write(const void *, std::int64_t, std::int64_t) override { }
+};
+
+std::string fileText(const std::string &path)
+{
+    std::ifstream file(path, std::ios::binary);
+    const std::string text{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+    if (!file)
+        throw std::runtime_error("The description " + path + " cannot be read");
+    return text;
+}
+
+void checkDescription(const std::string &path, const std::string &text)
+{
+    SilentPort port;
+    try {
+        MoxGenApi::createNodeMap(text, port, "Device");
+    } catch (const GenICam_3_0::GenericException &exception) {
+        throw std::runtime_error("The description " + path + " cannot be used: " + exception.GetDescription());
+    }
+}
+
+/** An attribute of the description's root element; empty when it has none. The text is known to be a description. */
+std::string rootAttribute(const std::string &text, const std::string &name)
+{
+    const std::size_t root = text.find("<RegisterDescription");
+    if (root == std::string::npos)
+        return std::string();
+    const std::string head = text.substr(root, text.find('>', root) - root);
+    for (std::size_t at = head.find(name); at != std::string::npos; at = head.find(name, at + 1)) {
+        const std::size_t quote = head.find_first_of("\"'", at);
+        // Names may end like this one, and values may contain it.
+        const bool whole = g_ascii_isspace(head[at - 1]) && head[at + name.size()] == '=';
+        if (whole && quote != std::string::npos)
+            return head.substr(quote + 1, head.find(head[quote], quote + 1) - quote - 1);
+    }
+    return std::string();
+}
+
+/** Tells the camera's names from its description; @p fallback stands in where a user's description has none. */
+std::string nameIn(const std::string &text, const std::string &attribute, const char *fallback)
+{
+    const std::string name = rootAttribute(text, attribute);
+    return name.empty() ? fallback : name;
+}
+
+} // namespace
+
+std::uint32_t cameraAddress(const CameraPosition &position, MoxSim::Reach reach)
+{
+    if (position.interfaceType != MoxCam::InterfaceGigEVision)
+        return 0;
+    const std::uint32_t net =
+        reach == MoxSim::Reach::WrongSubnet ? 0xAC100500 : 0xC0A80A00 + (position.interfaceNumber << 8);
+    return net + 10 + position.cameraNumber;
+}
+
+CameraPlan planCamera(const MoxSim::CameraSetup &setup, const CameraPosition &position)
+{
+    CameraPlan plan;
+    plan.model = setup.model;
+    plan.slowLink = setup.slowLink;
+    plan.reach = setup.reach;
+    if (setup.descriptionFile.empty()) {
+        const ModelDescription &description = modelDescription(setup.model);
+        plan.description = description.text;
+        plan.registers = &description.registers;
+    } else {
+        plan.description = std::make_shared<const std::string>(fileText(setup.descriptionFile));
+        checkDescription(setup.descriptionFile, *plan.description);
+    }
+    DeviceRecord &record = plan.record;
+    record.vendor = nameIn(*plan.description, "VendorName", "Simulated");
+    record.model = nameIn(*plan.description, "ModelName", "Camera");
+    const Register *version = plan.registers ? plan.registers->find("DeviceVersion") : nullptr;
+    record.version = version ? version->powerUp.front() : nameIn(*plan.description, "MajorVersion", "1") + ".0";
+    record.serialNumber = setup.serialNumber;
+    record.userDefinedName = setup.userName;
+    record.id = record.vendor + "_" + record.model + "_" + record.serialNumber;
+    std::replace(record.id.begin(), record.id.end(), ' ', '_');
+    record.displayName = record.vendor + " " + record.model + " (" + record.serialNumber + ")";
+    if (position.interfaceType == MoxCam::InterfaceGigEVision) {
+        // A locally administered address: nobody's product.
+        record.macAddress =
+            0x024D58000000 + (std::uint64_t(position.interfaceNumber) << 16) + position.cameraNumber + 1;
+        record.ipAddress = cameraAddress(position, setup.reach);
+        record.netmask = 0xFFFFFF00;
+        record.gateway = 0;
+    }
+    return plan;
+}
+
+} // namespace MoxSdk

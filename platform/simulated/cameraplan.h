@@ -1,0 +1,25 @@
+// Finds out what a camera is made of before it is plugged in.
+#ifndef MOXSDK_CAMERAPLAN_H
+#define MOXSDK_CAMERAPLAN_H
+
+#include "camera.h"
+
+namespace MoxSdk {
+
+/** Where a camera hangs: what makes its addresses. */
+struct CameraPosition
+{
+    int interfaceType = 0;
+    unsigned interfaceNumber = 0;
+    unsigned cameraNumber = 0;
+};
+
+/** The plan of a camera; the setup has its serial number. Throws std::runtime_error when its file cannot be used. */
+CameraPlan planCamera(const MoxSim::CameraSetup &setup, const CameraPosition &position);
+
+/** The camera's address, which lies outside the adapter's subnet for the reach that says so. 0 without addresses. */
+std::uint32_t cameraAddress(const CameraPosition &position, MoxSim::Reach reach);
+
+} // namespace MoxSdk
+
+#endif

@@ -1,0 +1,58 @@
+#include "simulatedinterface.h"
+
+#include "simulatedlink.h"
+
+#include <Base/GCException.h>
+
+#include <algorithm>
+#include <thread>
+
+namespace MoxSdk {
+
+namespace {
+
+/** The version of the transport's standard. */
+const char *transportVersion(int type)
+{
+    switch (type) {
+    case MoxCam::InterfaceUsb3Vision:
+        return "1.1";
+    case MoxCam::InterfaceGigEVision:
+        return "2.0";
+    case MoxCam::InterfaceCameraLink:
+        return "2.1";
+    case MoxCam::InterfaceCoaXPress:
+        return "2.0";
+    default:
+        return "1.0";
+    }
+}
+
+} // namespace
+
+SimulatedInterface::SimulatedInterface(const InterfaceFacts &facts)
+    : Interface(facts.type, facts.id, facts.description, transportVersion(facts.type)), m_facts(facts)
+{ }
+
+std::unique_ptr<Link> SimulatedInterface::openLink(const DeviceRecord &record)
+{
+    for (const std::shared_ptr<Camera> &camera : World::instance().pluggedCameras(m_facts)) {
+        if (camera->id() == record.id)
+            return std::make_unique<SimulatedLink>(camera);
+    }
+    throw ACCESS_EXCEPTION("%s is not there any more", record.displayName.c_str());
+}
+
+std::vector<DeviceRecord> SimulatedInterface::discover(std::chrono::milliseconds limit)
+{
+    World &world = World::instance();
+    std::this_thread::sleep_for(std::min(world.discoveryTime(m_facts), limit));
+    std::vector<DeviceRecord> result;
+    for (const std::shared_ptr<Camera> &camera : world.pluggedCameras(m_facts)) {
+        if (camera->reach() != MoxSim::Reach::Undiscovered)
+            result.push_back(camera->record());
+    }
+    return result;
+}
+
+} // namespace MoxSdk

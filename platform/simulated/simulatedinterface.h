@@ -1,0 +1,30 @@
+// A simulated interface.
+#ifndef MOXSDK_SIMULATEDINTERFACE_H
+#define MOXSDK_SIMULATEDINTERFACE_H
+
+#include "../device/interface.h"
+#include "world.h"
+
+namespace MoxSdk {
+
+/**
+ * A view of one interface of the simulated world, which it asks by identifier: it outlives what it shows, and shows an
+ * interface of the same kind that comes to be in its place. Owned by its backend.
+ */
+class SimulatedInterface final : public Interface
+{
+public:
+    explicit SimulatedInterface(const InterfaceFacts &facts);
+
+    std::unique_ptr<Link> openLink(const DeviceRecord &record) override;
+
+protected:
+    std::vector<DeviceRecord> discover(std::chrono::milliseconds limit) override;
+
+private:
+    const InterfaceFacts m_facts;
+};
+
+} // namespace MoxSdk
+
+#endif

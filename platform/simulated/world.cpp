@@ -1,0 +1,291 @@
+#include "world.h"
+
+#include "cameraplan.h"
+
+#include <MoxCameraApi/MoxCam.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <stdexcept>
+
+namespace MoxSdk {
+
+namespace {
+
+const char *typeName(int type)
+{
+    switch (type) {
+    case MoxCam::InterfaceUsb3Vision:
+        return "U3V";
+    case MoxCam::InterfaceGigEVision:
+        return "GEV";
+    case MoxCam::InterfaceCameraLink:
+        return "CL";
+    case MoxCam::InterfaceCoaXPress:
+        return "CXP";
+    case MoxCam::InterfaceHdSdi:
+        return "SDI";
+    default:
+        return "Custom";
+    }
+}
+
+std::chrono::nanoseconds sinceStart()
+{
+    static const auto start = std::chrono::steady_clock::now();
+    return std::chrono::steady_clock::now() - start;
+}
+
+} // namespace
+
+World &World::instance()
+{
+    // Never destroyed: links of devices that nobody released may outlast all static objects.
+    static World &world = *[] {
+        auto *result = new World;
+        result->fillStandard();
+        return result;
+    }();
+    return world;
+}
+
+void World::clear()
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    clearLocked();
+}
+
+void World::reset()
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    clearLocked();
+    fillStandard();
+}
+
+void World::clearLocked()
+{
+    for (const Interface &interface : m_interfaces) {
+        for (const Place &place : interface.places)
+            place.camera->setPlugged(false);
+    }
+    m_interfaces.clear();
+    m_nextSerialNumber = 1;
+}
+
+void World::fillStandard()
+{
+    const std::string network = addInterfaceLocked(MoxCam::InterfaceGigEVision, "Simulated network adapter");
+    const std::string usb = addInterfaceLocked(MoxCam::InterfaceUsb3Vision, "Simulated USB host");
+    addInterfaceLocked(MoxCam::InterfaceCameraLink, "Simulated frame grabber");
+
+    const auto plug = [this](const std::string &where, MoxSim::Model model, const char *name, MoxSim::Reach reach,
+                             bool slowLink = false) {
+        MoxSim::CameraSetup setup;
+        setup.model = model;
+        setup.userName = name;
+        setup.reach = reach;
+        setup.slowLink = slowLink;
+        addCameraLocked(where, setup);
+    };
+    plug(network, MoxSim::Model::FrameAB, "Conveyor top", MoxSim::Reach::Open);
+    plug(network, MoxSim::Model::Plain, "Conveyor side", MoxSim::Reach::Busy);
+    plug(network, MoxSim::Model::Plain, "Loading bay", MoxSim::Reach::WrongSubnet);
+    plug(network, MoxSim::Model::Plain, "Far corner", MoxSim::Reach::Undiscovered);
+    plug(usb, MoxSim::Model::Color, "Label check", MoxSim::Reach::Open);
+    plug(usb, MoxSim::Model::Color, "Bench", MoxSim::Reach::Open, true);
+}
+
+std::string World::addInterface(int type, const std::string &description)
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    return addInterfaceLocked(type, description);
+}
+
+std::string World::addInterfaceLocked(int type, const std::string &description)
+{
+    // Behind the last one, also when one before it was removed: numbers follow the order.
+    unsigned number = 0;
+    for (const Interface &other : m_interfaces) {
+        if (other.facts.type == type)
+            number = std::max(number, other.number + 1);
+    }
+    Interface interface;
+    interface.facts = {"Sim::" + std::string(typeName(type)) + std::to_string(number), description, type};
+    interface.number = number;
+    m_interfaces.push_back(interface);
+    return interface.facts.id;
+}
+
+void World::removeInterface(const std::string &id)
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    const auto interface = findInterface(id);
+    for (const Place &place : interface->places)
+        place.camera->setPlugged(false);
+    m_interfaces.erase(interface);
+}
+
+std::string World::addCamera(const std::string &interfaceId, const MoxSim::CameraSetup &setup)
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    return addCameraLocked(interfaceId, setup);
+}
+
+std::string World::addCameraLocked(const std::string &interfaceId, const MoxSim::CameraSetup &setup)
+{
+    Interface &interface = *findInterface(interfaceId);
+    MoxSim::CameraSetup complete = setup;
+    if (complete.serialNumber.empty()) {
+        char digits[16];
+        std::snprintf(digits, sizeof digits, "%06u", m_nextSerialNumber++);
+        complete.serialNumber = digits;
+    }
+    CameraPlan plan = planCamera(complete, {interface.facts.type, interface.number, interface.nextCamera});
+    if (hasCamera(plan.record.id))
+        throw std::runtime_error("There is a camera " + plan.record.id + " already");
+    auto camera = std::make_shared<Camera>(std::move(plan), sinceStart);
+    camera->setInterfacePlugged(interface.plugged);
+    interface.places.push_back({camera, interface.nextCamera++});
+    return camera->id();
+}
+
+void World::removeCamera(const std::string &id)
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    Interface *interface = nullptr;
+    Place *place = findPlace(id, &interface);
+    place->camera->setPlugged(false);
+    interface->places.erase(interface->places.begin() + (place - interface->places.data()));
+}
+
+std::vector<std::string> World::interfaceIds() const
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    std::vector<std::string> result;
+    for (const Interface &interface : m_interfaces)
+        result.push_back(interface.facts.id);
+    return result;
+}
+
+std::vector<std::string> World::cameraIds(const std::string &interfaceId) const
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    std::vector<std::string> result;
+    for (const Place &place : findInterface(interfaceId)->places)
+        result.push_back(place.camera->id());
+    return result;
+}
+
+void World::setInterfacePlugged(const std::string &id, bool plugged)
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    const auto interface = findInterface(id);
+    interface->plugged = plugged;
+    for (const Place &place : interface->places)
+        place.camera->setInterfacePlugged(plugged);
+}
+
+void World::setDiscoveryTime(const std::string &id, std::chrono::milliseconds time)
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    findInterface(id)->discoveryTime = time;
+}
+
+void World::setReach(const std::string &cameraId, MoxSim::Reach reach)
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    Interface *interface = nullptr;
+    const Place *place = findPlace(cameraId, &interface);
+    place->camera->setReach(reach, cameraAddress({interface->facts.type, interface->number, place->number}, reach));
+}
+
+std::shared_ptr<Camera> World::camera(const std::string &id) const
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    for (const Interface &interface : m_interfaces) {
+        for (const Place &place : interface.places) {
+            if (place.camera->id() == id)
+                return place.camera;
+        }
+    }
+    throw std::invalid_argument("There is no simulated camera " + id);
+}
+
+std::vector<InterfaceFacts> World::pluggedInterfaces() const
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    std::vector<InterfaceFacts> result;
+    for (const Interface &interface : m_interfaces) {
+        if (interface.plugged)
+            result.push_back(interface.facts);
+    }
+    return result;
+}
+
+std::chrono::milliseconds World::discoveryTime(const InterfaceFacts &facts) const
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    const Interface *interface = shown(facts);
+    return interface ? interface->discoveryTime : std::chrono::milliseconds(0);
+}
+
+std::vector<std::shared_ptr<Camera>> World::pluggedCameras(const InterfaceFacts &facts) const
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    std::vector<std::shared_ptr<Camera>> result;
+    const Interface *interface = shown(facts);
+    if (!interface)
+        return result;
+    for (const Place &place : interface->places) {
+        if (place.camera->isPlugged())
+            result.push_back(place.camera);
+    }
+    return result;
+}
+
+const World::Interface *World::shown(const InterfaceFacts &facts) const
+{
+    for (const Interface &interface : m_interfaces) {
+        // After a reset an identifier may have come back with another description; that is another interface.
+        if (interface.facts.id == facts.id && interface.facts.description == facts.description && interface.plugged)
+            return &interface;
+    }
+    return nullptr;
+}
+
+std::vector<World::Interface>::iterator World::findInterface(const std::string &id)
+{
+    const auto found = std::find_if(m_interfaces.begin(), m_interfaces.end(),
+                                    [&](const Interface &interface) { return interface.facts.id == id; });
+    if (found == m_interfaces.end())
+        throw std::invalid_argument("There is no simulated interface " + id);
+    return found;
+}
+
+std::vector<World::Interface>::const_iterator World::findInterface(const std::string &id) const
+{
+    return const_cast<World *>(this)->findInterface(id);
+}
+
+World::Place *World::findPlace(const std::string &cameraId, Interface **interface)
+{
+    for (Interface &candidate : m_interfaces) {
+        for (Place &place : candidate.places) {
+            if (place.camera->id() == cameraId) {
+                *interface = &candidate;
+                return &place;
+            }
+        }
+    }
+    throw std::invalid_argument("There is no simulated camera " + cameraId);
+}
+
+bool World::hasCamera(const std::string &id) const
+{
+    return std::any_of(m_interfaces.begin(), m_interfaces.end(), [&](const Interface &interface) {
+        return std::any_of(interface.places.begin(), interface.places.end(),
+                           [&](const Place &place) { return place.camera->id() == id; });
+    });
+}
+
+} // namespace MoxSdk
