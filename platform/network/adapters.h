@@ -1,0 +1,32 @@
+// The machine's network adapters.
+#ifndef MOXSDK_ADAPTERS_H
+#define MOXSDK_ADAPTERS_H
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace MoxSdk {
+
+/** One IPv4 address of a network adapter. Addresses have their first dotted number in the top byte. */
+struct Adapter
+{
+    std::string name;
+    unsigned int index = 0; ///< the system's number for the adapter
+    bool isLoopback = false;
+    std::uint32_t address = 0;
+    std::uint32_t netmask = 0;
+
+    std::uint32_t broadcast() const { return address | ~netmask; }
+    bool contains(std::uint32_t ip) const { return (ip & netmask) == (address & netmask); }
+};
+
+/** The addresses of adapters that are up and reach more than one peer, in the system's order. */
+std::vector<Adapter> readAdapters();
+
+/** The dotted text of an address. */
+std::string dotted(std::uint32_t address);
+
+} // namespace MoxSdk
+
+#endif

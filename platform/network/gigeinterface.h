@@ -1,0 +1,29 @@
+// A network adapter as an interface for GigE Vision cameras.
+#ifndef MOXSDK_GIGEINTERFACE_H
+#define MOXSDK_GIGEINTERFACE_H
+
+#include "../device/interface.h"
+#include "adapters.h"
+#include "gvcp.h"
+
+namespace MoxSdk {
+
+/** One IPv4 address of an adapter, as it was when it appeared. Owned by the backend; any thread. */
+class GigEInterface final : public Interface
+{
+public:
+    GigEInterface(const std::string &id, const Adapter &adapter, std::uint16_t port = Gvcp::standardPort);
+
+    std::unique_ptr<Link> openLink(const DeviceRecord &record) override;
+
+protected:
+    std::vector<DeviceRecord> discover(std::chrono::milliseconds limit) override;
+
+private:
+    const Adapter m_adapter;
+    const std::uint16_t m_port;
+};
+
+} // namespace MoxSdk
+
+#endif

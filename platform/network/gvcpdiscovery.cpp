@@ -1,0 +1,161 @@
+#include "gvcpdiscovery.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <netinet/in.h>
+#include <set>
+
+namespace MoxSdk {
+
+namespace {
+
+// Serial numbers are unique with one maker only, and often left empty; the hardware address settles it. A camera
+// program on the loopback adapter has none: there the address stands for it.
+std::string stableId(const Gvcp::DiscoveryAnswer &answer)
+{
+    char hardware[24] = "";
+    std::snprintf(hardware, sizeof hardware, "%012llX", static_cast<unsigned long long>(answer.macAddress));
+    std::string id = answer.vendor + '-' + answer.model;
+    if (!answer.serialNumber.empty())
+        id += '-' + answer.serialNumber;
+    return id + '-' + (answer.macAddress ? std::string(hardware) : dotted(answer.ipAddress));
+}
+
+std::string displayName(const Gvcp::DiscoveryAnswer &answer)
+{
+    const std::string name = answer.vendor.empty() ? answer.model : answer.vendor + ' ' + answer.model;
+    return answer.serialNumber.empty() ? name : name + " (" + answer.serialNumber + ')';
+}
+
+} // namespace
+
+GvcpDiscovery::GvcpDiscovery(const Adapter &adapter, std::uint16_t port)
+    : m_adapter(adapter), m_port(port), m_discoveryId(Gvcp::nextRequestId()), m_allAdapters(readAdapters())
+{ }
+
+std::vector<DeviceRecord> GvcpDiscovery::run(std::chrono::milliseconds limit)
+{
+    const auto start = UdpSocket::Clock::now();
+    if (!m_socket.listen())
+        return {};
+
+    // Datagrams get lost: the search is repeated half-way, and what nobody answered is asked again in each round.
+    constexpr int rounds = 4;
+    for (int round = 0; round < rounds; ++round) {
+        const bool searches = round % 2 == 0;
+        if (searches && !sendDiscovery() && round == 0)
+            return {};
+        for (const auto &[id, camera] : m_cameras)
+            askPrivilege(camera);
+        const auto deadline = start + limit * (round + 1) / rounds;
+        while (UdpSocket::Clock::now() < deadline) {
+            if (const auto datagram = m_socket.receive(deadline))
+                handle(*datagram);
+        }
+    }
+
+    std::vector<DeviceRecord> records;
+    for (const auto &[id, camera] : m_cameras)
+        records.push_back(camera.record);
+    return records;
+}
+
+bool GvcpDiscovery::sendDiscovery()
+{
+    // The general broadcast reaches cameras of other subnets, the directed one passes where the general one is
+    // filtered, and a program on the loopback adapter may listen on its address alone.
+    std::set<std::uint32_t> destinations{INADDR_BROADCAST, m_adapter.broadcast()};
+    if (m_adapter.isLoopback)
+        destinations.insert(m_adapter.address);
+
+    const Gvcp::Packet command = Gvcp::discoveryCommand(m_discoveryId);
+    bool sent = false;
+    for (std::uint32_t destination : destinations)
+        sent |= m_socket.sendThrough(m_adapter, destination, m_port, command);
+    return sent;
+}
+
+void GvcpDiscovery::askPrivilege(const Camera &camera)
+{
+    if (camera.privilegeId == 0)
+        return;
+    m_socket.sendThrough(m_adapter, camera.record.ipAddress, m_port,
+                         Gvcp::readRegisterCommand(camera.privilegeId, Gvcp::ControlChannelPrivilege));
+}
+
+void GvcpDiscovery::handle(const UdpSocket::Datagram &datagram)
+{
+    // The answer to a broadcast on another adapter is not for this search, an answer from this very machine is.
+    if (datagram.adapterIndex != m_adapter.index && datagram.destination != m_adapter.address)
+        return;
+    const auto acknowledge = Gvcp::parseAcknowledge(datagram.bytes);
+    if (!acknowledge)
+        return;
+    if (acknowledge->id != m_discoveryId) {
+        setPrivilege(*acknowledge);
+        return;
+    }
+    const auto answer = Gvcp::parseDiscovery(*acknowledge);
+    if (answer && !isAnothers(datagram, answer->ipAddress))
+        addCamera(*answer);
+}
+
+void GvcpDiscovery::addCamera(const Gvcp::DiscoveryAnswer &answer)
+{
+    const auto [position, isNew] = m_cameras.try_emplace(stableId(answer));
+    // One camera hears several broadcasts.
+    if (!isNew)
+        return;
+    Camera &camera = position->second;
+    camera.record.id = position->first;
+    camera.record.vendor = answer.vendor;
+    camera.record.model = answer.model;
+    camera.record.displayName = displayName(answer);
+    camera.record.userDefinedName = answer.userDefinedName;
+    camera.record.serialNumber = answer.serialNumber;
+    camera.record.version = answer.deviceVersion;
+    camera.record.macAddress = answer.macAddress;
+    camera.record.ipAddress = answer.ipAddress;
+    camera.record.netmask = answer.netmask;
+    camera.record.gateway = answer.gateway;
+    if (!m_adapter.contains(answer.ipAddress)) {
+        camera.record.accessStatus = MoxCam::AccessSubnetMismatch;
+        return;
+    }
+    camera.privilegeId = Gvcp::nextRequestId();
+    askPrivilege(camera);
+}
+
+void GvcpDiscovery::setPrivilege(const Gvcp::Acknowledge &acknowledge)
+{
+    const auto position = std::find_if(m_cameras.begin(), m_cameras.end(), [&](const auto &entry) {
+        return entry.second.privilegeId != 0 && entry.second.privilegeId == acknowledge.id;
+    });
+    if (position == m_cameras.end())
+        return;
+    Camera &camera = position->second;
+    if (const auto privilege = Gvcp::parseRegister(acknowledge)) {
+        const bool held = *privilege & (Gvcp::ExclusiveAccess | Gvcp::ControlAccess);
+        camera.record.accessStatus = held ? MoxCam::AccessNoAccess : MoxCam::AccessReadWrite;
+    } else if (acknowledge.status == Gvcp::AccessDenied) {
+        // An application with exclusive access keeps others from reading too.
+        camera.record.accessStatus = MoxCam::AccessNoAccess;
+    }
+    camera.privilegeId = 0;
+}
+
+// A broadcast also comes round to camera programs on this machine that belong to another adapter, and to all addresses
+// of one adapter; the interface of the subnet that the camera is in shows it then, and no other one.
+bool GvcpDiscovery::isAnothers(const UdpSocket::Datagram &datagram, std::uint32_t cameraAddress) const
+{
+    if (m_adapter.contains(cameraAddress))
+        return false;
+    const bool fromThisMachine = std::any_of(m_allAdapters.begin(), m_allAdapters.end(), [&](const Adapter &adapter) {
+        return adapter.address == datagram.source;
+    });
+    return std::any_of(m_allAdapters.begin(), m_allAdapters.end(), [&](const Adapter &adapter) {
+        return (fromThisMachine || adapter.index == m_adapter.index) && adapter.contains(cameraAddress);
+    });
+}
+
+} // namespace MoxSdk

@@ -1,0 +1,54 @@
+// One search for GigE Vision cameras.
+#ifndef MOXSDK_GVCPDISCOVERY_H
+#define MOXSDK_GVCPDISCOVERY_H
+
+#include "../device/devicerecord.h"
+#include "udpsocket.h"
+
+#include <map>
+
+namespace MoxSdk {
+
+/**
+ * Asks on one adapter who is there and who controls whom. Made for one search, on the stack of its caller; other
+ * searches may run at the same time, on this adapter too.
+ */
+class GvcpDiscovery
+{
+public:
+    explicit GvcpDiscovery(const Adapter &adapter, std::uint16_t port = Gvcp::standardPort);
+
+    /**
+     * Listens for the whole of @p limit, since cameras may answer late; at once back when the adapter cannot send. One
+     * record for each camera, by ascending id, with an access status of
+     *  - no access, when an application holds the camera, be it this one,
+     *  - subnet mismatch, when its address is not of the adapter's subnet; its privilege is not asked for then,
+     *  - unknown, when it did not answer the question who controls it: opening it tells.
+     */
+    std::vector<DeviceRecord> run(std::chrono::milliseconds limit);
+
+private:
+    struct Camera
+    {
+        DeviceRecord record;
+        std::uint16_t privilegeId = 0; ///< the id of the open question for its privilege, or 0
+    };
+
+    bool sendDiscovery();
+    void askPrivilege(const Camera &camera);
+    void handle(const UdpSocket::Datagram &datagram);
+    void addCamera(const Gvcp::DiscoveryAnswer &answer);
+    void setPrivilege(const Gvcp::Acknowledge &acknowledge);
+    bool isAnothers(const UdpSocket::Datagram &datagram, std::uint32_t cameraAddress) const;
+
+    const Adapter m_adapter;
+    const std::uint16_t m_port;
+    const std::uint16_t m_discoveryId;
+    const std::vector<Adapter> m_allAdapters;
+    UdpSocket m_socket;
+    std::map<std::string, Camera> m_cameras;
+};
+
+} // namespace MoxSdk
+
+#endif

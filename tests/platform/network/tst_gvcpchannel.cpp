@@ -1,0 +1,283 @@
+// Register accesses over packets: alignment, refusals, patience, control.
+#include "../../../platform/network/gigeinterface.h"
+#include "../../../platform/network/gvcpchannel.h"
+#include "gvcpresponder.h"
+
+#include <Base/GCException.h>
+
+#include <QTest>
+
+#include <atomic>
+
+using namespace MoxSdk;
+using namespace MoxTest;
+using Packets = GvcpResponder::Packets;
+using Command = GvcpResponder::Command;
+
+namespace {
+
+std::unique_ptr<GvcpChannel> open(GvcpResponder &responder)
+{
+    auto channel = std::make_unique<GvcpChannel>(loopback(), 0x7f000001, responder.port);
+    responder.takeCommands();
+    return channel;
+}
+
+/** Commands as text: code, address, and the length of a memory access. */
+QString shown(const std::vector<Command> &commands)
+{
+    QStringList list;
+    for (const Command &command : commands)
+        list << QStringLiteral("%1@%2+%3").arg(command.code, 0, 16).arg(command.address, 0, 16).arg(command.length);
+    return list.join(QLatin1Char(' '));
+}
+
+/** An intercept of all accesses to the memory behind the bootstrap registers. */
+GvcpResponder::Intercept beyondBootstrap(const std::function<Packets(const Command &)> &answers)
+{
+    return [answers](const Command &command) -> std::optional<Packets> {
+        if (command.address < 0x1000)
+            return std::nullopt;
+        return answers(command);
+    };
+}
+
+} // namespace
+
+class TestGvcpChannel : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void alignment_data();
+    void alignment();
+    void wordByWord();
+    void addressesEndAt32Bits();
+    void refusals();
+    void silence();
+    void pending();
+    void control();
+    void returnAtAnotherAddress();
+    void descriptions_data();
+    void descriptions();
+};
+
+void TestGvcpChannel::alignment_data()
+{
+    QTest::addColumn<int>("address");
+    QTest::addColumn<int>("length");
+    QTest::addColumn<QString>("reading");
+    QTest::addColumn<QString>("writing");
+    QTest::newRow("a word") << 0x1004 << 4 << "84@1004+4"
+                            << "86@1004+4";
+    QTest::newRow("inside a word") << 0x1005 << 2 << "84@1004+4"
+                                   << "84@1004+4 86@1004+4";
+    QTest::newRow("front of a word") << 0x1004 << 2 << "84@1004+4"
+                                     << "84@1004+4 86@1004+4";
+    QTest::newRow("begins inside") << 0x1006 << 6 << "84@1004+8"
+                                   << "84@1004+4 86@1004+8";
+    QTest::newRow("ends inside") << 0x1004 << 5 << "84@1004+8"
+                                 << "84@1008+4 86@1004+8";
+    QTest::newRow("both") << 0x1007 << 2 << "84@1004+8"
+                          << "84@1004+4 84@1008+4 86@1004+8";
+    QTest::newRow("a whole block") << 0x1000 << 512 << "84@1000+512"
+                                   << "86@1000+512";
+    QTest::newRow("three blocks") << 0x1002 << 1026 << "84@1000+512 84@1200+512 84@1400+4"
+                                  << "84@1000+4 86@1000+512 86@1200+512 86@1400+4";
+}
+
+void TestGvcpChannel::alignment()
+{
+    QFETCH(int, address);
+    QFETCH(int, length);
+    GvcpResponder responder;
+    std::string memory(2048, '\0');
+    for (std::size_t i = 0; i < memory.size(); ++i)
+        memory[i] = char(i * 7 % 251);
+    responder.setBytes(0x1000, memory);
+    const auto channel = open(responder);
+
+    std::string buffer(std::size_t(length) + 1, '#');
+    channel->read(buffer.data(), std::uint64_t(address), std::size_t(length));
+    QCOMPARE(buffer, memory.substr(std::size_t(address - 0x1000), std::size_t(length)) + '#');
+    QTEST(shown(responder.takeCommands()), "reading");
+
+    buffer.assign(std::size_t(length), 'x');
+    channel->write(buffer.data(), std::uint64_t(address), std::size_t(length));
+    memory.replace(std::size_t(address - 0x1000), std::size_t(length), buffer);
+    QCOMPARE(responder.bytes(0x1000, memory.size()), memory);
+    QTEST(shown(responder.takeCommands()), "writing");
+}
+
+void TestGvcpChannel::wordByWord()
+{
+    GvcpResponder responder([](const Command &command) -> std::optional<Packets> {
+        if (command.code != ReadMemory && command.code != WriteMemory)
+            return std::nullopt;
+        return Packets{acknowledge(std::uint16_t(command.code + 1), command.id, {}, 0x8001)};
+    });
+    responder.setBytes(0x1000, "abcdefgh");
+    const auto channel = open(responder);
+    channel->write("XYZ", 0x1003, 3);
+    std::string buffer(8, '\0');
+    channel->read(buffer.data(), 0x1000, 8);
+    QCOMPARE(buffer, std::string("abcXYZgh"));
+}
+
+void TestGvcpChannel::addressesEndAt32Bits()
+{
+    GvcpResponder responder;
+    const auto channel = open(responder);
+    char byte = 0;
+    QVERIFY_EXCEPTION_THROWN(channel->read(&byte, std::uint64_t(1) << 32, 1), GenICam_3_0::OutOfRangeException);
+    QVERIFY_EXCEPTION_THROWN(channel->write(&byte, 0xffffffff, 2), GenICam_3_0::OutOfRangeException);
+    QCOMPARE(shown(responder.takeCommands()), QString());
+    channel->read(&byte, 0xffffffff, 1);
+    QCOMPARE(shown(responder.takeCommands()), QStringLiteral("84@fffc+4"));
+}
+
+void TestGvcpChannel::refusals()
+{
+    std::atomic<std::uint16_t> status{0};
+    GvcpResponder responder(beyondBootstrap([&status](const Command &command) {
+        return Packets{acknowledge(std::uint16_t(command.code + 1), command.id, {}, status)};
+    }));
+    const auto channel = open(responder);
+    std::uint32_t word = 0;
+    for (int denial : {Gvcp::WriteProtect, Gvcp::AccessDenied}) {
+        status = std::uint16_t(denial);
+        QVERIFY_EXCEPTION_THROWN(channel->read(&word, 0x1000, 4), GenICam_3_0::AccessException);
+    }
+    // The first of these is a success without data.
+    for (int failure : {0, int(Gvcp::InvalidAddress), 0x8fff}) {
+        status = std::uint16_t(failure);
+        QVERIFY_EXCEPTION_THROWN(channel->read(&word, 0x1000, 4), GenICam_3_0::RuntimeException);
+    }
+}
+
+void TestGvcpChannel::silence()
+{
+    GvcpResponder responder(beyondBootstrap([](const Command &command) {
+        // None of these is the answer: it is of another command, for another request, or no packet at all.
+        return Packets{acknowledge(0x81, command.id, Packet(8)), acknowledge(0x85, command.id ^ 0x4000, Packet(8)),
+                       Packet{1}};
+    }));
+    const auto channel = open(responder);
+    std::uint32_t word = 0;
+    QVERIFY_EXCEPTION_THROWN(channel->read(&word, 0x1000, 4), GenICam_3_0::TimeoutException);
+    const auto commands = responder.takeCommands();
+    QCOMPARE(shown(commands), QStringLiteral("84@1000+4 84@1000+4 84@1000+4"));
+    QVERIFY(commands[0].id == commands[1].id && commands[1].id == commands[2].id);
+    QVERIFY(channel->isAlive());
+}
+
+void TestGvcpChannel::pending()
+{
+    // The camera asks for a second, and is not asked again in that second.
+    GvcpResponder responder(beyondBootstrap([asked = 0](const Command &command) mutable {
+        return ++asked == 1 ? Packets{acknowledge(0x89, command.id, {0, 0, 0x03, 0xe8})}
+                            : Packets{acknowledge(0x87, command.id, Packet(4))};
+    }));
+    const auto channel = open(responder);
+    const auto start = std::chrono::steady_clock::now();
+    channel->write("abcd", 0x1000, 4);
+    QVERIFY(std::chrono::steady_clock::now() - start >= std::chrono::seconds(1));
+    QCOMPARE(shown(responder.takeCommands()), QStringLiteral("86@1000+4 86@1000+4"));
+}
+
+void TestGvcpChannel::control()
+{
+    const std::string free(4, '\0');
+    const std::string exclusive("\0\0\0\1", 4);
+    const std::string controlled("\0\0\0\2", 4);
+    GvcpResponder responder;
+    responder.setBytes(Gvcp::ControlChannelPrivilege, exclusive);
+    QVERIFY_EXCEPTION_THROWN(open(responder), GenICam_3_0::AccessException);
+    QCOMPARE(shown(responder.takeCommands()), QStringLiteral("80@a00+0"));
+
+    responder.setBytes(Gvcp::ControlChannelPrivilege, free);
+    auto channel = open(responder);
+    QCOMPARE(responder.bytes(Gvcp::ControlChannelPrivilege, 4), controlled);
+    QCOMPARE(channel->alivePeriod().count(), 500);
+    QVERIFY(channel->isAlive());
+    // A camera that was restarted answers, but not to this channel.
+    responder.setBytes(Gvcp::ControlChannelPrivilege, free);
+    QVERIFY(!channel->isAlive());
+
+    responder.setBytes(Gvcp::ControlChannelPrivilege, controlled);
+    channel.reset();
+    QCOMPARE(responder.bytes(Gvcp::ControlChannelPrivilege, 4), free);
+}
+
+void TestGvcpChannel::returnAtAnotherAddress()
+{
+    auto camera = std::make_unique<GvcpResponder>(GvcpResponder::Intercept(), 0x7f000002);
+    const std::uint16_t port = camera->port;
+    GigEInterface interface("GEV::lo", loopback(), port);
+    DeviceRecord record;
+    record.id = "Maker-A model name that fills 32 bytes-S1-001A2B3C4D5E";
+    record.ipAddress = 0x7f000002;
+    const auto link = interface.openLink(record);
+    std::atomic<int> losses{0};
+    std::atomic<int> returns{0};
+    link->setListener([&](bool connected) { ++(connected ? returns : losses); });
+
+    camera.reset();
+    QTRY_COMPARE(int(losses), 1);
+    QCOMPARE(int(returns), 0);
+    camera = std::make_unique<GvcpResponder>(GvcpResponder::Intercept(), INADDR_ANY, port);
+    QTRY_COMPARE(int(returns), 1);
+    char byte = 0;
+    link->port().Read(&byte, 0x1000, 1);
+    link->setListener({});
+    QCOMPARE(int(losses), 1);
+}
+
+void TestGvcpChannel::descriptions_data()
+{
+    QTest::addColumn<QByteArray>("first");
+    QTest::addColumn<QByteArray>("second");
+    QTest::addColumn<QByteArray>("memory");
+    QTest::addColumn<QByteArray>("description"); // null: it fails
+    const QByteArray xml = "<RegisterDescription>" + QByteArray(40, 'x') + "</RegisterDescription>";
+    const QByteArray zip = QByteArray::fromHex(
+        "504b03041400000008000000215c181ef8431e0000005300000005000000642e786d6cb3094a4dcf2c2e492d72492d4e2eca2c28c9"
+        "cccfb3ab2012d8e863d30d00504b010214031400000008000000215c181ef8431e0000005300000005000000000000000000000080"
+        "0100000000642e786d6c504b0506000000000100010033000000410000000000");
+    const auto row = [&](const char *name, const char *first, const QByteArray &memory, const QByteArray &expected,
+                         const char *second = "") {
+        QTest::newRow(name) << QByteArray(first) << QByteArray(second) << memory << expected;
+    };
+    row("text, padded", "Local:a.xml;2000;60", xml, xml);
+    row("schema, blanks, other case", "LOCAL:a b.xml; 2000; 53 ?SchemaVersion=1.1.0", xml, xml);
+    row("archive", "Local:a.zip;2000;8a", zip, xml);
+    row("archive cut short", "Local:a.zip;2000;40", zip.left(0x40), {});
+    row("no archive after all", "Local:a.zip;2000;2", zip, {});
+    row("in the second place", "File:a.xml", xml, xml, "Local:a.xml;2000;53");
+    row("on the web", "http://192.0.2.1/a;2000;53", xml, {});
+    row("no length", "Local:a.xml;2000", xml, {});
+    row("nothing long", "Local:a.xml;2000;0", xml, {});
+    row("too long", "Local:a.xml;2000;1000001", xml, {});
+    row("number too large", "Local:a.xml;12345678901234567;10", xml, {});
+}
+
+void TestGvcpChannel::descriptions()
+{
+    QFETCH(QByteArray, first);
+    QFETCH(QByteArray, second);
+    QFETCH(QByteArray, memory);
+    QFETCH(QByteArray, description);
+    GvcpResponder responder;
+    responder.setBytes(Gvcp::FirstDescriptionUrl, first.toStdString());
+    responder.setBytes(Gvcp::SecondDescriptionUrl, second.toStdString());
+    responder.setBytes(0x2000, memory.toStdString());
+    const auto channel = open(responder);
+    if (description.isNull())
+        QVERIFY_EXCEPTION_THROWN(channel->description(), GenICam_3_0::RuntimeException);
+    else
+        QCOMPARE(QByteArray::fromStdString(channel->description()), description);
+}
+
+QTEST_GUILESS_MAIN(TestGvcpChannel)
+
+#include "tst_gvcpchannel.moc"
