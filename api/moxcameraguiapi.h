@@ -1,0 +1,40 @@
+// The entry functions of the library: one call opens one dialog.
+//
+// All of them work on the calling thread, which must be the GUI thread. When the process has no application object yet,
+// the first call makes a QApplication, which then lives to the end of the process, and the calling thread becomes the
+// GUI thread. Exceptions pass through to the caller.
+//
+// The forms that end in A take a title in UTF-8, those that end in W one of 32-bit code points; both end at the first
+// zero. A null title is an empty one.
+#ifndef MOXCAMERAGUIAPI_H
+#define MOXCAMERAGUIAPI_H
+
+#include "moxcameraguiapi_global.h"
+
+namespace MoxCam {
+class DeviceInfo;
+class System;
+} // namespace MoxCam
+
+extern "C" {
+
+/**
+ * Lets the user pick a camera in a modal dialog and returns when it is closed.
+ *
+ * @p system must not be null and must outlive the call. With @p poll the dialog starts out watching for cameras that
+ * come and go; the user can change that.
+ *
+ * @p parent is a native window handle, or 0 for none. Its window is taken into a hidden widget of this process, which
+ * becomes the dialog's parent and stays to the end of the process, one for each call; the window leaves the screen with
+ * it. So give a window that is made for this, not one to be seen again. It must outlive the call.
+ *
+ * Returns the camera, which belongs to @p system, or null when the dialog was closed otherwise or no camera was current.
+ */
+MOXGUI_EXPORT MoxCam::DeviceInfo *SelectCameraA(MoxCam::System *system, const char *title, unsigned long parent,
+                                                bool poll);
+/** As SelectCameraA, with a wide title. */
+MOXGUI_EXPORT MoxCam::DeviceInfo *SelectCameraW(MoxCam::System *system, const wchar_t *title, unsigned long parent,
+                                                bool poll);
+}
+
+#endif

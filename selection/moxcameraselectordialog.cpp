@@ -1,0 +1,155 @@
+#include "moxcameraselectordialog.h"
+
+#include "devicetreemodel.h"
+#include "moxcameraselectordialog_p.h"
+#include "sdkmetatypes.h"
+
+#include "ui_moxcameraselectordialog.h"
+
+#include <QPushButton>
+
+#include <chrono>
+
+namespace MoxGui {
+
+namespace {
+
+constexpr std::chrono::seconds pollPeriod{1};
+
+bool canBeOpened(MoxCam::DeviceInfo *info)
+{
+    const int status = info->GetAccessStatus();
+    return status != MoxCam::AccessNoAccess && status != MoxCam::AccessSubnetMismatch;
+}
+
+bool isGigEVision(MoxCam::Interface *iface)
+{
+    return iface && iface->GetType() == MoxCam::InterfaceGigEVision;
+}
+
+} // namespace
+
+MoxCameraSelectorDialogPrivate::MoxCameraSelectorDialogPrivate(bool poll)
+    : forwarder(this), ui(std::make_unique<Ui_MoxCameraSelectorDialog>()), polling(poll)
+{ }
+
+MoxCameraSelectorDialogPrivate::~MoxCameraSelectorDialogPrivate()
+{
+    stopThread();
+}
+
+void MoxCameraSelectorDialogPrivate::Init(MoxCameraSelectorDialog *dialog, MoxCam::System *system)
+{
+    q = dialog;
+    ui->setupUi(q);
+
+    // Text and height: room for the caption and the frame around it.
+    ui->setIpBtn->setMinimumWidth(ui->setIpBtn->fontMetrics().horizontalAdvance(ui->setIpBtn->text())
+                                  + ui->setIpBtn->sizeHint().height());
+    ui->chPoll->setChecked(polling.load(std::memory_order_relaxed));
+
+    rescanButton = new QPushButton(MoxCameraSelectorDialog::tr("&Rescan"), q);
+    rescanButton->setEnabled(false);
+    ui->buttonBox->addButton(rescanButton, QDialogButtonBox::ActionRole);
+
+    model = new DeviceTreeModel(system, q);
+    QTreeView *view = ui->cameraTreeView;
+    view->setModel(model);
+
+    QObject::connect(
+        view->selectionModel(), &QItemSelectionModel::currentChanged, &forwarder,
+        [this](const QModelIndex &current, const QModelIndex &previous) { onCurrentChanged(current, previous); });
+    QObject::connect(view, &QAbstractItemView::activated, ui->buttonBox->button(QDialogButtonBox::Ok),
+                     &QAbstractButton::click);
+    QObject::connect(ui->chPoll, &QAbstractButton::clicked, &forwarder, [this](bool checked) { setPolling(checked); });
+    QObject::connect(rescanButton, &QAbstractButton::clicked, &forwarder, [this] { rescan(); });
+    // Expanding fetches, so every reset fills the whole tree. It comes after the view's own answer to the reset.
+    QObject::connect(model, &QAbstractItemModel::modelReset, view, &QTreeView::expandAll);
+    QObject::connect(&forwarder, &PrivateSlotForwarder::systemChanged, &forwarder,
+                     &PrivateSlotForwarder::onSystemChanged, Qt::QueuedConnection);
+
+    view->expandAll();
+    setPolling(ui->chPoll->isChecked());
+}
+
+void MoxCameraSelectorDialogPrivate::onCurrentChanged(const QModelIndex &current, const QModelIndex &)
+{
+    lastItemId = model->getItemID(current);
+    auto *info = current.data(Qt::UserRole).value<MoxCam::DeviceInfo *>();
+    ui->buttonBox->button(QDialogButtonBox::Ok)->setEnabled(info && canBeOpened(info));
+    ui->setIpBtn->setEnabled(info && isGigEVision(info->GetInterface()));
+}
+
+void MoxCameraSelectorDialogPrivate::setPolling(bool poll)
+{
+    if (poll) {
+        polling.store(true, std::memory_order_relaxed);
+        thread = std::make_unique<std::thread>(&MoxCameraSelectorDialogPrivate::pollThread, this);
+    } else {
+        stopThread();
+    }
+    // Rescanning writes what the poll thread reads.
+    rescanButton->setEnabled(!poll);
+}
+
+void MoxCameraSelectorDialogPrivate::stopThread()
+{
+    polling.store(false, std::memory_order_relaxed);
+    if (thread && thread->joinable())
+        thread->join();
+    thread.reset();
+}
+
+// An SDK that throws here has no caller to throw at: such an enumeration finds nothing new, and the next one may.
+bool MoxCameraSelectorDialogPrivate::hasNewDevices()
+{
+    try {
+        return model->checkNew();
+    } catch (...) {
+        return false;
+    }
+}
+
+void MoxCameraSelectorDialogPrivate::pollThread()
+{
+    while (polling.load(std::memory_order_relaxed)) {
+        if (hasNewDevices()) {
+            changed.store(true);
+            Q_EMIT forwarder.systemChanged();
+        }
+        if (!polling.load(std::memory_order_relaxed))
+            return;
+        std::this_thread::sleep_for(pollPeriod);
+    }
+}
+
+void MoxCameraSelectorDialogPrivate::rescan()
+{
+    model->rescan();
+    const QModelIndex current = ui->cameraTreeView->selectionModel()->currentIndex();
+    onCurrentChanged(current, current);
+}
+
+MoxCameraSelectorDialog::MoxCameraSelectorDialog(MoxCam::System *system, QWidget *parent, bool poll)
+    : QDialog(parent), d(std::make_unique<MoxCameraSelectorDialogPrivate>(poll))
+{
+    d->Init(this, system);
+}
+
+MoxCameraSelectorDialog::~MoxCameraSelectorDialog() = default;
+
+MoxCam::DeviceInfo *MoxCameraSelectorDialog::selectedCamera() const
+{
+    return d->ui->cameraTreeView->currentIndex().data(Qt::UserRole).value<MoxCam::DeviceInfo *>();
+}
+
+// Changes nothing: the tree alone decides. It stays for the applications that call it.
+void MoxCameraSelectorDialog::setSelectedCamera(MoxCam::DeviceInfo *)
+{ }
+
+bool MoxCameraSelectorDialog::isPollChecked()
+{
+    return d->polling.load(std::memory_order_relaxed);
+}
+
+} // namespace MoxGui

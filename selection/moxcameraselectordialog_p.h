@@ -1,0 +1,68 @@
+#ifndef MOX_MOXCAMERASELECTORDIALOG_P_H
+#define MOX_MOXCAMERASELECTORDIALOG_P_H
+
+#include "privateslotforwarder.h"
+
+#include <QString>
+
+#include <atomic>
+#include <memory>
+#include <thread>
+
+class DeviceTreeModel;
+class QModelIndex;
+class QPushButton;
+class Ui_MoxCameraSelectorDialog;
+
+namespace MoxCam {
+class System;
+}
+
+namespace MoxGui {
+
+class MoxCameraSelectorDialog;
+
+/**
+ * What stands behind the camera selector: form, model and poll thread.
+ *
+ * Owned by the dialog and destroyed before the dialog's children, so the thread, which ends with this object, never
+ * outlives the model. Lives on the GUI thread but for pollThread(), which touches `polling`, `changed`,
+ * DeviceTreeModel::checkNew() and the forwarder's signal, nothing else.
+ */
+class MoxCameraSelectorDialogPrivate
+{
+public:
+    explicit MoxCameraSelectorDialogPrivate(bool poll);
+    virtual ~MoxCameraSelectorDialogPrivate();
+    Q_DISABLE_COPY(MoxCameraSelectorDialogPrivate)
+
+    /** Sets up the form, enumerates the system, and starts polling when told to. Called once. */
+    void Init(MoxCameraSelectorDialog *dialog, MoxCam::System *system);
+    /** Follows the current item. @p previous is not used. */
+    void onCurrentChanged(const QModelIndex &current, const QModelIndex &previous);
+    /** Starts the poll thread, or ends it and waits for that, up to a second and the time of one enumeration. */
+    void setPolling(bool poll);
+    /** Enumerates anew. Nothing is current afterwards: unlike a poll, this does not put the current item back. */
+    void rescan();
+    /** Body of the poll thread. */
+    void pollThread();
+
+    PrivateSlotForwarder forwarder; // context of every connection made here: none of them outlives this object
+    MoxCameraSelectorDialog *q = nullptr;
+    std::unique_ptr<Ui_MoxCameraSelectorDialog> ui;
+    DeviceTreeModel *model = nullptr; // child of the dialog
+    QPushButton *rescanButton = nullptr; // in the form's button box
+    QString lastItemId; // of the current item
+    std::unique_ptr<std::thread> thread; // null while not polling
+    // Relaxed: the loop need only see the store in time.
+    std::atomic<bool> polling;
+    std::atomic<bool> changed{false};
+
+private:
+    bool hasNewDevices();
+    void stopThread();
+};
+
+} // namespace MoxGui
+
+#endif

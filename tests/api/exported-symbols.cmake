@@ -1,0 +1,20 @@
+# Holds the dynamic symbols that a LIBRARY defines against the EXPECTED list, one a line, both ways.
+execute_process(COMMAND "${NM}" -D --defined-only --format=posix "${LIBRARY}" OUTPUT_VARIABLE output
+                COMMAND_ERROR_IS_FATAL ANY)
+string(REGEX MATCHALL "[^\n]+" lines "${output}")
+set(defined)
+foreach(line IN LISTS lines)
+    string(REGEX REPLACE " .*" "" symbol "${line}")
+    list(APPEND defined "${symbol}")
+endforeach()
+file(STRINGS "${EXPECTED}" expected)
+
+set(missing ${expected})
+list(REMOVE_ITEM missing ${defined})
+set(surplus ${defined})
+list(REMOVE_ITEM surplus ${expected})
+if(missing OR surplus)
+    list(JOIN missing "\n  " missing)
+    list(JOIN surplus "\n  " surplus)
+    message(FATAL_ERROR "Exported symbols differ from ${EXPECTED}.\nMissing:\n  ${missing}\nSurplus:\n  ${surplus}")
+endif()

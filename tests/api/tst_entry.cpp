@@ -1,0 +1,230 @@
+#include "drive.h"
+#include "moxcameraguiapi.h"
+#include "moxcameraselectordialog.h"
+#include "testmain.h"
+
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QThread>
+
+using namespace MoxTest;
+
+int qInitResources_moxcameraguiapi();
+int qCleanupResources_moxcameraguiapi();
+
+/** Starts without an application object. */
+class TestEntry : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void makesOneApplication();
+    void leavesOtherApplicationAlone();
+    void titles_data();
+    void titles();
+    void results_data();
+    void results();
+    void pollTakesLowByte();
+    void unusableHandle();
+    void exceptionPassesThrough_data();
+    void exceptionPassesThrough();
+    void resources();
+    void cleanup() { QCOMPARE(QApplication::topLevelWidgets().size(), 0); }
+
+private:
+    MoxCam::DeviceInfo *selectWith(const std::function<void(QDialog *)> &user, bool poll = false)
+    {
+        atNextDialog(system, user);
+        return SelectCameraA(&system, nullptr, 0, poll);
+    }
+
+    QTemporaryDir runtimeDir; // the first call makes the application amid a test, where its complaints count
+    FakeSystem system;
+    FakeInterface *iface = system.add("A");
+    FakeDeviceInfo *camera = iface->add("a1");
+};
+
+void TestEntry::initTestCase()
+{
+    QVERIFY(runtimeDir.isValid());
+    qputenv("XDG_RUNTIME_DIR", QFile::encodeName(runtimeDir.path()));
+    dropPlatformNoise();
+}
+
+void TestEntry::makesOneApplication()
+{
+    QVERIFY(!QCoreApplication::instance());
+    QDialog *seen = nullptr;
+    QCOMPARE(selectWith([&](QDialog *dialog) {
+                 seen = dialog;
+                 dialog->reject();
+             }),
+             nullptr);
+    QVERIFY(seen);
+    const QCoreApplication *made = QCoreApplication::instance();
+    QVERIFY(qobject_cast<const QApplication *>(made));
+    QCOMPARE(made->thread(), QThread::currentThread());
+    QCOMPARE(selectWith([](QDialog *dialog) { dialog->reject(); }), nullptr);
+    QCOMPARE(QCoreApplication::instance(), made);
+}
+
+/** What the child process of the next test does: widgets complain fatally about the application that they find. */
+int runOverCoreApplication(int argc, char **argv)
+{
+    static QCoreApplication *application = nullptr;
+    QCoreApplication app(argc, argv);
+    application = &app;
+    qInstallMessageHandler([](QtMsgType type, const QMessageLogContext &, const QString &message) {
+        if (type == QtFatalMsg && message.contains(QLatin1String("without QApplication")))
+            std::_Exit(QCoreApplication::instance() == application ? 42 : 43);
+    });
+    FakeSystem empty;
+    SelectCameraA(&empty, nullptr, 0, false);
+    return 0;
+}
+
+void TestEntry::leavesOtherApplicationAlone()
+{
+    QCOMPARE(QProcess::execute(QCoreApplication::applicationFilePath(), {QStringLiteral("--core-application")}), 42);
+}
+
+void TestEntry::titles_data()
+{
+    QTest::addColumn<QByteArray>("narrow");
+    QTest::addColumn<QVector<uint>>("wide");
+    QTest::addColumn<QString>("expected");
+    QTest::newRow("null") << QByteArray() << QVector<uint>() << QString();
+    QTest::newRow("empty") << QByteArray("") << QVector<uint>{0} << QString();
+    QTest::newRow("ASCII") << QByteArray("Pick one") << QVector<uint>{'P', 'i', 'c', 'k', ' ', 'o', 'n', 'e', 0}
+                           << QStringLiteral("Pick one");
+    QTest::newRow("two bytes") << QByteArray("Größe") << QVector<uint>{'G', 'r', 0xf6, 0xdf, 'e', 0}
+                               << QStringLiteral("Größe");
+    QTest::newRow("beyond 16 bits") << QByteArray("\xf0\x9f\x93\xb7!") << QVector<uint>{0x1f4f7, '!', 0}
+                                    << QString::fromUtf16(u"\xd83d\xdcf7!");
+    QTest::newRow("ends at zero") << QByteArray("a\0b", 3) << QVector<uint>{'a', 0, 'b', 0} << QStringLiteral("a");
+}
+
+void TestEntry::titles()
+{
+    QFETCH(QByteArray, narrow);
+    QFETCH(QVector<uint>, wide);
+    QFETCH(QString, expected);
+    QStringList seen;
+    const auto user = [&](QDialog *dialog) {
+        seen << dialog->windowTitle();
+        dialog->reject();
+    };
+    atNextDialog(system, user);
+    SelectCameraA(&system, narrow.isNull() ? nullptr : narrow.constData(), 0, false);
+    atNextDialog(system, user);
+    SelectCameraW(&system, wide.isEmpty() ? nullptr : reinterpret_cast<const wchar_t *>(wide.constData()), 0, false);
+    QCOMPARE(seen, QStringList({expected, expected}));
+}
+
+void TestEntry::results_data()
+{
+    QTest::addColumn<bool>("selects");
+    QTest::addColumn<int>("result"); // -1 closes the window
+    QTest::addColumn<bool>("given");
+    QTest::newRow("accepted") << true << int(QDialog::Accepted) << true;
+    QTest::newRow("accepted with nothing current") << false << int(QDialog::Accepted) << false;
+    QTest::newRow("rejected") << true << int(QDialog::Rejected) << false;
+    QTest::newRow("another result") << true << 2 << false;
+    QTest::newRow("closed") << true << -1 << false;
+}
+
+void TestEntry::results()
+{
+    QFETCH(bool, selects);
+    QFETCH(int, result);
+    QFETCH(bool, given);
+    const auto user = [&](QDialog *dialog) {
+        QVERIFY(dialog->isModal() && !dialog->parent());
+        if (selects)
+            selectCamera(dialog, 0);
+        else
+            cameraTree(dialog)->setCurrentIndex({});
+        if (result < 0)
+            dialog->close();
+        else
+            dialog->done(result);
+    };
+    QCOMPARE(selectWith(user), given ? camera : nullptr);
+    atNextDialog(system, user);
+    QCOMPARE(SelectCameraW(&system, nullptr, 0, false), given ? camera : nullptr);
+    QCOMPARE(system.releases.load(), 0);
+}
+
+void TestEntry::pollTakesLowByte()
+{
+    bool polling = true;
+    const auto user = [&](QDialog *dialog) {
+        polling = qobject_cast<MoxGui::MoxCameraSelectorDialog *>(dialog)->isPollChecked();
+        dialog->reject();
+    };
+    // As a caller without a bool type declares it.
+    using Select = MoxCam::DeviceInfo *(*)(MoxCam::System *, const char *, unsigned long, unsigned);
+    const auto select = reinterpret_cast<Select>(reinterpret_cast<void *>(&SelectCameraA));
+    atNextDialog(system, user);
+    select(&system, nullptr, 0, 0xffffff00u);
+    QVERIFY(!polling);
+    atNextDialog(system, user);
+    select(&system, nullptr, 0, 0xffffff01u);
+    QVERIFY(polling);
+}
+
+void TestEntry::unusableHandle()
+{
+    // This platform has no foreign windows; the dialog opens over a container without one.
+    QTest::ignoreMessage(QtWarningMsg, "QWindow::fromWinId(): platform plugin does not support foreign windows.");
+    QTest::ignoreMessage(QtWarningMsg, "QWindowContainer: embedded window cannot be null");
+    QPointer<QWidget> container;
+    atNextDialog(system, [&](QDialog *dialog) {
+        container = dialog->parentWidget();
+        selectCamera(dialog, 0);
+        dialog->accept();
+    });
+    QCOMPARE(SelectCameraA(&system, nullptr, 1, false), camera);
+    QVERIFY(container && !container->isVisible() && !container->parent());
+    delete container;
+}
+
+void TestEntry::exceptionPassesThrough_data()
+{
+    QTest::addColumn<bool>("inside");
+    QTest::newRow("while the dialog is made") << false;
+    QTest::newRow("while an interface is listed") << true;
+}
+
+void TestEntry::exceptionPassesThrough()
+{
+    QFETCH(bool, inside);
+    system.interfaceLists = inside ? ListAnswer::List : ListAnswer::Throw;
+    iface->deviceLists = inside ? ListAnswer::Throw : ListAnswer::List;
+    QVERIFY_EXCEPTION_THROWN(SelectCameraA(&system, "title", 0, true), std::runtime_error);
+    QVERIFY_EXCEPTION_THROWN(SelectCameraW(&system, L"title", 0, false), std::runtime_error);
+    QCOMPARE(QApplication::topLevelWidgets().size(), 0);
+    QCOMPARE(system.openLists.load(), 0);
+    system.interfaceLists = ListAnswer::List;
+    iface->deviceLists = ListAnswer::List;
+}
+
+void TestEntry::resources()
+{
+    QVERIFY(QFile::exists(QStringLiteral(":/icons/moxicon.ico")));
+    QCOMPARE(qCleanupResources_moxcameraguiapi(), 1);
+    QVERIFY(!QFile::exists(QStringLiteral(":/icons/moxicon.ico")));
+    QCOMPARE(qInitResources_moxcameraguiapi(), 1);
+    QVERIFY(QFile::exists(QStringLiteral(":/images/wdr.bmp")));
+}
+
+int main(int argc, char **argv)
+{
+    if (argc > 1 && qstrcmp(argv[1], "--core-application") == 0)
+        return runOverCoreApplication(argc, argv);
+    TestEntry test;
+    return QTest::qExec(&test, argc, argv);
+}
+
+#include "tst_entry.moc"
