@@ -1,0 +1,33 @@
+// The families of exported functions that the demo opens.
+#ifndef MOXDEMO_FAMILIES_H
+#define MOXDEMO_FAMILIES_H
+
+#include <array>
+
+namespace MoxDemo {
+
+enum class Family { Select, ParameterTree, Configuration, Action };
+
+/** One row of the main window's column, and one word of the command line. Texts are plain ASCII. */
+struct FamilyInfo
+{
+    Family family;
+    const char *key; ///< what `--open` calls it
+    const char *caption;
+    const char *purpose; ///< a second line below the caption
+    const char *function; ///< the exported function that opens it
+    bool built; ///< whether this build of the library has it
+};
+
+constexpr std::array<FamilyInfo, 4> families = {{
+    {Family::Select, "select", "Select a camera", "In a modal dialog", "SelectCameraA", true},
+    {Family::ParameterTree, "tree", "Parameter tree", "All features, with live values",
+     "CreateGenParamTreeViewForNodemapA", false},
+    {Family::Configuration, "config", "Camera configuration", "Frames, trigger, strobe, colour", "ShowCamConfigDialog",
+     false},
+    {Family::Action, "action", "Action commands", "One event on many cameras", "ActionCameraA", false},
+}};
+
+} // namespace MoxDemo
+
+#endif

@@ -1,0 +1,222 @@
+#include "mainwindow.h"
+
+#include "worldpanel.h"
+
+#include <MoxCameraApi/MoxSimulation.h>
+#include <moxcameraguiapi.h>
+#include <moxcameraselectordialog.h>
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QCommandLinkButton>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QLabel>
+#include <QPushButton>
+#include <QSplitter>
+#include <QStyle>
+#include <QTime>
+#include <QTreeWidget>
+
+namespace MoxDemo {
+
+namespace {
+
+QString latin1(const char *text)
+{
+    return QString::fromLatin1(text);
+}
+
+QCommandLinkButton *createEntry(const QString &name, const QString &caption, const QString &purpose, QWidget *parent)
+{
+    auto *entry = new QCommandLinkButton(caption, purpose, parent);
+    entry->setObjectName(name);
+    // By itself it would give up its second line where room is scarce.
+    entry->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    return entry;
+}
+
+} // namespace
+
+MainWindow::MainWindow(MoxCam::System *system, bool poll) : m_system(system), m_worldPanel(new WorldPanel(system, this))
+{
+    setWindowTitle(tr("Mox camera demo"));
+    connect(m_worldPanel, &WorldPanel::worldAsked, this, &MainWindow::log);
+
+    auto *left = new QWidget(this);
+    auto *leftLayout = new QVBoxLayout(left);
+    leftLayout->setContentsMargins(0, 0, 0, 0);
+    leftLayout->addWidget(createWorldChooser());
+    leftLayout->addWidget(createFamilies(poll));
+    leftLayout->addWidget(createChosenCamera());
+    leftLayout->addStretch();
+
+    auto *top = new QSplitter(this);
+    top->setChildrenCollapsible(false);
+    top->addWidget(left);
+    top->addWidget(m_worldPanel);
+    top->setStretchFactor(1, 1);
+
+    auto *all = new QSplitter(Qt::Vertical, this);
+    all->setChildrenCollapsible(false);
+    all->addWidget(top);
+    all->addWidget(createLog());
+    all->setStretchFactor(0, 1);
+
+    auto *content = new QWidget(this);
+    auto *layout = new QVBoxLayout(content);
+    layout->addWidget(all);
+    setCentralWidget(content);
+    setChosenCamera(nullptr);
+    resize(1040, 840);
+}
+
+QWidget *MainWindow::createWorldChooser()
+{
+    auto *chooser = new QGroupBox(tr("World"), this);
+    m_worlds = new QComboBox(chooser);
+    m_worlds->setObjectName(QStringLiteral("worlds"));
+    m_worlds->addItem(tr("Simulated"), MoxSim::SimulatedWorld);
+    m_worlds->addItem(tr("Real"), MoxSim::RealWorld);
+    m_worlds->addItem(tr("Both"), MoxSim::RealWorld | MoxSim::SimulatedWorld);
+    m_worlds->setCurrentIndex(m_worlds->findData(MoxSim::worlds()));
+    connect(m_worlds, QOverload<int>::of(&QComboBox::activated), this,
+            [this] { setWorlds(m_worlds->currentData().toUInt()); });
+    auto *layout = new QVBoxLayout(chooser);
+    layout->addWidget(m_worlds);
+    return chooser;
+}
+
+QWidget *MainWindow::createFamilies(bool poll)
+{
+    auto *group = new QGroupBox(tr("Open"), this);
+    auto *layout = new QVBoxLayout(group);
+    layout->setSpacing(0);
+    for (const FamilyInfo &info : families) {
+        QPushButton *entry = createEntry(latin1(info.key), latin1(info.caption), latin1(info.purpose), group);
+        entry->setEnabled(info.built);
+        entry->setToolTip(info.built ? latin1(info.function)
+                                     : tr("%1 is not in this build of the library").arg(latin1(info.function)));
+        connect(entry, &QPushButton::clicked, this, [this, &info] { open(info.family); });
+        layout->addWidget(entry);
+    }
+
+    QPushButton *modeless =
+        createEntry(QStringLiteral("modeless"), tr("Select a camera (modeless)"), tr("Beside this window"), group);
+    modeless->setToolTip(tr("MoxCameraSelectorDialog: plug and unplug cameras while it is polling"));
+    connect(modeless, &QPushButton::clicked, this, &MainWindow::openModelessSelector);
+    m_poll = new QCheckBox(tr("Start with polling"), group);
+    m_poll->setObjectName(QStringLiteral("poll"));
+    m_poll->setChecked(poll);
+    // Both belong to the selector, whose entry is the first.
+    layout->insertWidget(1, modeless);
+    layout->insertWidget(2, m_poll);
+    return group;
+}
+
+QWidget *MainWindow::createChosenCamera()
+{
+    auto *group = new QGroupBox(tr("Chosen camera"), this);
+    m_chosenText = new QLabel(group);
+    m_chosenText->setTextFormat(Qt::PlainText);
+    m_chosenText->setWordWrap(true);
+    m_openChosen = new QPushButton(tr("Open chosen camera"), group);
+    m_openChosen->setObjectName(QStringLiteral("openChosen"));
+    m_openChosen->setToolTip(tr("Opens the camera, reads who it is and what it offers, and closes it"));
+    connect(m_openChosen, &QPushButton::clicked, this, &MainWindow::openChosenCamera);
+    auto *layout = new QVBoxLayout(group);
+    layout->addWidget(m_chosenText);
+    layout->addWidget(m_openChosen);
+    return group;
+}
+
+QWidget *MainWindow::createLog()
+{
+    auto *group = new QGroupBox(tr("What the calls returned"), this);
+    m_log = new QTreeWidget(group);
+    m_log->setObjectName(QStringLiteral("log"));
+    m_log->setHeaderLabels({tr("Time"), tr("Call"), tr("Result")});
+    m_log->setRootIsDecorated(false);
+    m_log->setAlternatingRowColors(true);
+    m_log->header()->setSectionResizeMode(0, QHeaderView::ResizeToContents);
+    m_log->header()->setSectionResizeMode(1, QHeaderView::ResizeToContents);
+    auto *layout = new QVBoxLayout(group);
+    layout->addWidget(m_log);
+    return group;
+}
+
+void MainWindow::log(const QString &call, const Outcome &outcome)
+{
+    auto *line = new QTreeWidgetItem(m_log, {QTime::currentTime().toString(Qt::ISODate), call, outcome.text});
+    if (!outcome.ok)
+        line->setIcon(1, style()->standardIcon(QStyle::SP_MessageBoxWarning));
+    line->setToolTip(2, outcome.text);
+    m_log->scrollToItem(line);
+}
+
+void MainWindow::setWorlds(unsigned worlds)
+{
+    MoxSim::setWorlds(worlds);
+    m_worlds->setCurrentIndex(m_worlds->findData(worlds));
+    m_worldPanel->refresh();
+    log(QStringLiteral("MoxSim::setWorlds"), {true, m_worlds->currentText()});
+}
+
+void MainWindow::setChosenCamera(MoxCam::DeviceInfo *camera)
+{
+    m_chosen = camera;
+    m_chosenText->setText(camera ? describe(camera) : tr("None yet"));
+    m_openChosen->setEnabled(camera);
+    if (camera)
+        m_worldPanel->setCurrent(QString::fromUtf8(camera->GetID()));
+}
+
+void MainWindow::openChosenCamera()
+{
+    if (m_chosen)
+        log(QStringLiteral("MoxCam_CreateDevice"), openAndDescribe(m_chosen));
+}
+
+void MainWindow::open(Family family)
+{
+    switch (family) {
+    case Family::Select:
+        // No native parent: the dialog is modal to the whole application as it is.
+        selected(QStringLiteral("SelectCameraA"),
+                 SelectCameraA(m_system, tr("Select a camera").toUtf8().constData(), 0, m_poll->isChecked()));
+        break;
+    case Family::ParameterTree:
+    case Family::Configuration:
+    case Family::Action:
+        break; // not built, so their entries are disabled
+    }
+}
+
+void MainWindow::openModelessSelector()
+{
+    if (m_selector) {
+        m_selector->raise();
+        m_selector->activateWindow();
+        return;
+    }
+    m_selector = new MoxGui::MoxCameraSelectorDialog(m_system, this, m_poll->isChecked());
+    m_selector->setAttribute(Qt::WA_DeleteOnClose);
+    // The dialog asks for modality itself; without it the world panel stays usable.
+    m_selector->setModal(false);
+    m_selector->setWindowModality(Qt::NonModal);
+    connect(m_selector, &QDialog::finished, this, [this](int result) {
+        selected(QStringLiteral("MoxCameraSelectorDialog"),
+                 result == QDialog::Accepted ? m_selector->selectedCamera() : nullptr);
+    });
+    m_selector->show();
+}
+
+void MainWindow::selected(const QString &call, MoxCam::DeviceInfo *camera)
+{
+    log(call, {true, camera ? describe(camera) : tr("Nothing chosen")});
+    if (camera)
+        setChosenCamera(camera);
+}
+
+} // namespace MoxDemo

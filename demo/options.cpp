@@ -1,0 +1,94 @@
+#include "options.h"
+
+#include <QCommandLineParser>
+#include <QCoreApplication>
+
+#include <algorithm>
+
+namespace MoxDemo {
+
+namespace {
+
+void leave(Options &options, int exitCode, const QString &message)
+{
+    options.exitCode = exitCode;
+    options.message = message.endsWith(QLatin1Char('\n')) ? message : message + QLatin1Char('\n');
+}
+
+void parseWorld(Options &options, const QString &world)
+{
+    if (world == QLatin1String("simulated"))
+        options.worlds = MoxSim::SimulatedWorld;
+    else if (world == QLatin1String("real"))
+        options.worlds = MoxSim::RealWorld;
+    else if (world == QLatin1String("both"))
+        options.worlds = MoxSim::RealWorld | MoxSim::SimulatedWorld;
+    else
+        leave(options, 1, QStringLiteral("moxdemo: no such world: %1 (simulated, real or both)").arg(world));
+}
+
+void parseFamily(Options &options, const QString &key)
+{
+    const auto found = std::find_if(families.begin(), families.end(),
+                                    [&key](const FamilyInfo &info) { return key == QLatin1String(info.key); });
+    if (found == families.end())
+        leave(options, 1, QStringLiteral("moxdemo: no such family: %1 (select, tree, config or action)").arg(key));
+    else if (!found->built)
+        leave(options, 2,
+              QStringLiteral("moxdemo: \"%1\" is not in this build of the library").arg(QLatin1String(found->caption)));
+    else
+        options.family = found->family;
+}
+
+} // namespace
+
+Options parseOptions(const QStringList &arguments)
+{
+    const QCommandLineOption open(QStringLiteral("open"),
+                                  QStringLiteral("Open select, tree, config or action at once."),
+                                  QStringLiteral("family"));
+    const QCommandLineOption world(QStringLiteral("world"),
+                                   QStringLiteral("Show simulated (the default), real, or both kinds of cameras."),
+                                   QStringLiteral("world"), QStringLiteral("simulated"));
+    const QCommandLineOption description(
+        QStringLiteral("description"),
+        QStringLiteral("Add a GenICam description to the simulated world as a camera. May be repeated."),
+        QStringLiteral("file"));
+    const QCommandLineOption poll(QStringLiteral("poll"), QStringLiteral("Let selectors start with polling."));
+    const QCommandLineOption screenshots(QStringLiteral("screenshots"),
+                                         QStringLiteral("Render the windows into PNG files in a directory, and exit."),
+                                         QStringLiteral("directory"));
+    const QCommandLineOption list(QStringLiteral("list"),
+                                  QStringLiteral("Print interfaces and cameras, and exit. Needs no display."));
+    const QCommandLineOption version({QStringLiteral("v"), QStringLiteral("version")},
+                                     QStringLiteral("Print the version, and exit."));
+    const QCommandLineOption help({QStringLiteral("h"), QStringLiteral("help")},
+                                  QStringLiteral("Print this help, and exit."));
+
+    QCommandLineParser parser;
+    parser.setApplicationDescription(QStringLiteral("Opens the camera dialogs on simulated or real cameras."));
+    parser.addOptions({open, world, description, poll, screenshots, list, version, help});
+
+    Options options;
+    if (!parser.parse(arguments)) {
+        leave(options, 1, QStringLiteral("moxdemo: ") + parser.errorText());
+    } else if (parser.isSet(help)) {
+        leave(options, 0, parser.helpText());
+    } else if (parser.isSet(version)) {
+        leave(options, 0,
+              QCoreApplication::applicationName() + QLatin1Char(' ') + QCoreApplication::applicationVersion());
+    } else if (!parser.positionalArguments().isEmpty()) {
+        leave(options, 1, QStringLiteral("moxdemo: unexpected argument: ") + parser.positionalArguments().constFirst());
+    } else {
+        parseWorld(options, parser.value(world));
+        if (!options.exitCode && parser.isSet(open))
+            parseFamily(options, parser.value(open));
+        options.descriptions = parser.values(description);
+        options.poll = parser.isSet(poll);
+        options.list = parser.isSet(list);
+        options.screenshots = parser.value(screenshots);
+    }
+    return options;
+}
+
+} // namespace MoxDemo

@@ -1,0 +1,20 @@
+// Pictures of the windows for the documentation.
+#ifndef MOXDEMO_SCREENSHOTS_H
+#define MOXDEMO_SCREENSHOTS_H
+
+#include <MoxCameraApi/MoxCam.h>
+
+#include <QString>
+
+namespace MoxDemo {
+
+/**
+ * Renders the windows into PNG files in a directory, which is made when it is missing, and prints their paths. It runs
+ * without a user and leaves the simulated world empty. False, with the reason on the error output, when a file cannot be
+ * written.
+ */
+bool takeScreenshots(MoxCam::System *system, const QString &directory);
+
+} // namespace MoxDemo
+
+#endif
