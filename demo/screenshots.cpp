@@ -93,6 +93,10 @@ bool takeScreenshots(MoxCam::System *system, const QString &directory)
     }
 
     nextHandler = qInstallMessageHandler(handleMessage);
+    // The offscreen platform's font is larger than a desktop's.
+    QFont font = QApplication::font();
+    font.setPointSize(9);
+    QApplication::setFont(font);
     MoxSim::setWorlds(MoxSim::SimulatedWorld);
     MoxCam::DeviceInfo *camera = firstCamera(system);
     bool written = renderMainWindow(system, camera, target);
