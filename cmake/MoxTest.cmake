@@ -5,7 +5,7 @@
 function(mox_add_test name)
     cmake_parse_arguments(arg "X11" "TIMEOUT" "SOURCES;LIBRARIES" ${ARGN})
     add_executable(${name} ${arg_SOURCES})
-    target_link_libraries(${name} PRIVATE MoxStrictQt MoxTestSupport Qt5::Test ${arg_LIBRARIES})
+    target_link_libraries(${name} PRIVATE MoxStrictQt MoxTestSupport ${arg_LIBRARIES})
     if(arg_X11)
         add_test(NAME ${name} COMMAND "${PROJECT_SOURCE_DIR}/tests/support/with-x11" $<TARGET_FILE:${name}>)
         set(environment "QT_QPA_PLATFORM=xcb")
@@ -24,6 +24,7 @@ function(mox_add_test name)
     set_tests_properties(${name} PROPERTIES ENVIRONMENT "${environment}" TIMEOUT ${arg_TIMEOUT}
                          FAIL_REGULAR_EXPRESSION "QWARN  :;QCRITICAL :")
     if(arg_X11)
-        set_tests_properties(${name} PROPERTIES LABELS x11)
+        # Looking for a free display number, two servers may find the same one.
+        set_tests_properties(${name} PROPERTIES LABELS x11 RESOURCE_LOCK x11)
     endif()
 endfunction()

@@ -8,6 +8,10 @@ foreach(root MOX_CAMERA_SDK_ROOT MOX_GENICAM_ROOT)
     endif()
 endforeach()
 
+# A changed root means other libraries.
+unset(MOX_VENDOR_API CACHE)
+unset(MOX_VENDOR_GENAPI CACHE)
+unset(MOX_VENDOR_GCBASE CACHE)
 find_library(MOX_VENDOR_API NAMES MoxCameraApi libMoxCameraApi.so.1 PATHS "${MOX_CAMERA_SDK_ROOT}/lib"
              NO_DEFAULT_PATH REQUIRED)
 find_library(MOX_VENDOR_GENAPI NAMES GenApi_gcc421_v3_0 PATHS "${MOX_GENICAM_ROOT}/bin/Linux64_x64"
@@ -21,3 +25,4 @@ target_include_directories(MoxPlatformHeaders SYSTEM INTERFACE "${MOX_CAMERA_SDK
 add_library(MoxPlatform INTERFACE)
 target_link_libraries(MoxPlatform INTERFACE MoxPlatformHeaders "${MOX_VENDOR_API}" "${MOX_VENDOR_GENAPI}"
                                             "${MOX_VENDOR_GCBASE}")
+add_library(Mox::CameraApi ALIAS MoxPlatform)

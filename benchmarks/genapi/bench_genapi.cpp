@@ -2,7 +2,7 @@
 //
 //   bench_genapi                  synthetic descriptions of 200, 2000 and 20000 features, with the growth between them
 //   bench_genapi <description>    one description file over a port that answers zeros
-#include "nodemapfactory.h"
+#include "genapi/nodemapfactory.h"
 
 #include <algorithm>
 #include <chrono>

@@ -2,7 +2,7 @@
 #ifndef MOXTEST_MEMORYPORT_H
 #define MOXTEST_MEMORYPORT_H
 
-#include "nodemapfactory.h"
+#include "genapi/nodemapfactory.h"
 
 #include <QByteArray>
 #include <QString>
