@@ -2,7 +2,9 @@
 //
 // All of them work on the calling thread, which must be the GUI thread. When the process has no application object yet,
 // the first call makes a QApplication, which then lives to the end of the process, and the calling thread becomes the
-// GUI thread. Exceptions pass through to the caller.
+// GUI thread. An application object that is no QApplication is taken as it is, and Qt ends the process at the first
+// widget. Exceptions of the SDK pass through to the caller, except those thrown inside a dialog's event loop, which Qt
+// does not support.
 //
 // The forms that end in A take a title in UTF-8, those that end in W one of 32-bit code points; both end at the first
 // zero. A null title is an empty one.
@@ -19,14 +21,19 @@ class System;
 extern "C" {
 
 /**
- * Lets the user pick a camera in a modal dialog and returns when it is closed.
+ * Lets the user pick a camera in a modal dialog and returns when it is closed; while it polls, closing it takes up to a
+ * second and one enumeration.
+ *
+ * The dialog is modal to its parent window. Without a parent the application's own windows stay usable meanwhile, so it
+ * has to keep its user from opening a second one.
  *
  * @p system must not be null and must outlive the call. With @p poll the dialog starts out watching for cameras that
  * come and go; the user can change that.
  *
  * @p parent is a native window handle, or 0 for none. Its window is taken into a hidden widget of this process, which
  * becomes the dialog's parent and stays to the end of the process, one for each call; the window leaves the screen with
- * it. So give a window that is made for this, not one to be seen again. It must outlive the call.
+ * it. So give a window that is made for this, not one to be seen again. It must outlive the call. A handle of
+ * no window leaves the dialog over an empty widget.
  *
  * Returns the camera, which belongs to @p system, or null when the dialog was closed otherwise or no camera was current.
  */

@@ -42,7 +42,7 @@ public:
     MoxCam::DeviceInfo *selectedCamera() const;
     /** Ignores its argument and changes nothing. */
     void setSelectedCamera(MoxCam::DeviceInfo *camera);
-    /** Whether the dialog watches the system: the state of its box "Polling". */
+    /** Whether the dialog watches the system. */
     bool isPollChecked();
 
 private:

@@ -11,7 +11,7 @@ static MoxCam::DeviceInfo *SelectCamera(MoxCam::System *system, const QString &t
     const ForeignParent foreign(parent);
     MoxCameraSelectorDialog dialog(system, foreign.container, poll);
     dialog.setWindowTitle(title);
-    dialog.setModal(true);
+    dialog.setModal(true); // the form is modal to its window already, and stays so
     return dialog.exec() == QDialog::Accepted ? dialog.selectedCamera() : nullptr;
 }
 

@@ -3,6 +3,8 @@
 #include "devicetreenode.h"
 #include "sdkmetatypes.h"
 
+#include <QScopeGuard>
+
 #include <algorithm>
 #include <iterator>
 
@@ -191,9 +193,12 @@ void DeviceTreeModel::updateModel()
 void DeviceTreeModel::rescan()
 {
     beginResetModel();
+    // Also when the SDK throws: the nodes must not outlive the list that they were made from.
+    const auto end = qScopeGuard([this] {
+        renewRoot();
+        endResetModel();
+    });
     getDevices(interfaces, devices);
-    renewRoot();
-    endResetModel();
 }
 
 void DeviceTreeModel::renewRoot()

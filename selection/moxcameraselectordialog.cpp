@@ -82,11 +82,10 @@ void MoxCameraSelectorDialogPrivate::onCurrentChanged(const QModelIndex &current
 
 void MoxCameraSelectorDialogPrivate::setPolling(bool poll)
 {
+    stopThread();
     if (poll) {
         polling.store(true, std::memory_order_relaxed);
         thread = std::make_unique<std::thread>(&MoxCameraSelectorDialogPrivate::pollThread, this);
-    } else {
-        stopThread();
     }
     // Rescanning writes what the poll thread reads.
     rescanButton->setEnabled(!poll);
