@@ -73,6 +73,8 @@ std::vector<MoxCam::DeviceInfo *> camerasOf(MoxCam::Interface *interface, unsign
     interface->ReDiscoverDevices(nullptr, limit);
     std::vector<MoxCam::DeviceInfo *> cameras;
     const SdkPointer<MoxCam::DeviceInfoList> list(interface->GetDeviceInfoList());
+    if (!list)
+        return cameras;
     for (MoxCam::DeviceInfo *camera = list->GetFirst(); camera; camera = list->GetNext())
         cameras.push_back(camera);
     return cameras;

@@ -14,6 +14,8 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
+#include <QScreen>
+#include <QScrollArea>
 #include <QSplitter>
 #include <QStyle>
 #include <QTime>
@@ -39,11 +41,11 @@ QCommandLinkButton *createEntry(const QString &name, const QString &caption, con
 
 } // namespace
 
-MainWindow::MainWindow(MoxCam::System *system, bool poll) : m_system(system), m_worldPanel(new WorldPanel(system, this))
+MainWindow::MainWindow(MoxCam::System *system, bool poll) : m_system(system)
 {
     setWindowTitle(tr("Mox camera demo"));
-    connect(m_worldPanel, &WorldPanel::worldAsked, this, &MainWindow::log);
 
+    // In the order in which the keyboard walks them.
     auto *left = new QWidget(this);
     auto *leftLayout = new QVBoxLayout(left);
     leftLayout->setContentsMargins(0, 0, 0, 0);
@@ -52,10 +54,17 @@ MainWindow::MainWindow(MoxCam::System *system, bool poll) : m_system(system), m_
     leftLayout->addWidget(createChosenCamera());
     leftLayout->addStretch();
 
+    m_worldPanel = new WorldPanel(system, this);
+    connect(m_worldPanel, &WorldPanel::worldAsked, this, &MainWindow::log);
+    auto *scroll = new QScrollArea(this);
+    scroll->setFrameShape(QFrame::NoFrame);
+    scroll->setWidgetResizable(true);
+    scroll->setWidget(m_worldPanel);
+
     auto *top = new QSplitter(this);
     top->setChildrenCollapsible(false);
     top->addWidget(left);
-    top->addWidget(m_worldPanel);
+    top->addWidget(scroll);
     top->setStretchFactor(1, 1);
 
     auto *all = new QSplitter(Qt::Vertical, this);
@@ -69,7 +78,8 @@ MainWindow::MainWindow(MoxCam::System *system, bool poll) : m_system(system), m_
     layout->addWidget(all);
     setCentralWidget(content);
     setChosenCamera(nullptr);
-    resize(1040, 840);
+    const QSize room = screen()->availableSize();
+    resize(QSize(1040, 840).boundedTo(room));
 }
 
 QWidget *MainWindow::createWorldChooser()
@@ -100,19 +110,23 @@ QWidget *MainWindow::createFamilies(bool poll)
                                      : tr("%1 is not in this build of the library").arg(latin1(info.function)));
         connect(entry, &QPushButton::clicked, this, [this, &info] { open(info.family); });
         layout->addWidget(entry);
+        if (info.family == Family::Select)
+            addSelectorOptions(layout, poll);
     }
+    return group;
+}
 
-    QPushButton *modeless =
-        createEntry(QStringLiteral("modeless"), tr("Select a camera (modeless)"), tr("Beside this window"), group);
+void MainWindow::addSelectorOptions(QVBoxLayout *layout, bool poll)
+{
+    QPushButton *modeless = createEntry(QStringLiteral("modeless"), tr("Select a camera (modeless)"),
+                                        tr("Beside this window"), layout->parentWidget());
     modeless->setToolTip(tr("MoxCameraSelectorDialog: plug and unplug cameras while it is polling"));
     connect(modeless, &QPushButton::clicked, this, &MainWindow::openModelessSelector);
-    m_poll = new QCheckBox(tr("Start with polling"), group);
+    m_poll = new QCheckBox(tr("Start with polling"), layout->parentWidget());
     m_poll->setObjectName(QStringLiteral("poll"));
     m_poll->setChecked(poll);
-    // Both belong to the selector, whose entry is the first.
-    layout->insertWidget(1, modeless);
-    layout->insertWidget(2, m_poll);
-    return group;
+    layout->addWidget(modeless);
+    layout->addWidget(m_poll);
 }
 
 QWidget *MainWindow::createChosenCamera()
@@ -182,15 +196,23 @@ void MainWindow::open(Family family)
 {
     switch (family) {
     case Family::Select:
-        // No native parent: the dialog is modal to the whole application as it is.
-        selected(QStringLiteral("SelectCameraA"),
-                 SelectCameraA(m_system, tr("Select a camera").toUtf8().constData(), 0, m_poll->isChecked()));
+        selectModally();
         break;
     case Family::ParameterTree:
     case Family::Configuration:
     case Family::Action:
         break; // not built, so their entries are disabled
     }
+}
+
+void MainWindow::selectModally()
+{
+    // Without a native parent nothing else is blocked while the dialog is open.
+    centralWidget()->setEnabled(false);
+    MoxCam::DeviceInfo *camera =
+        SelectCameraA(m_system, tr("Select a camera").toUtf8().constData(), 0, m_poll->isChecked());
+    centralWidget()->setEnabled(true);
+    selected(QStringLiteral("SelectCameraA"), camera);
 }
 
 void MainWindow::openModelessSelector()

@@ -14,6 +14,7 @@ class QGroupBox;
 class QLabel;
 class QPushButton;
 class QTreeWidget;
+class QVBoxLayout;
 
 namespace MoxGui {
 class MoxCameraSelectorDialog;
@@ -47,8 +48,10 @@ public:
 private:
     QWidget *createWorldChooser();
     QWidget *createFamilies(bool poll);
+    void addSelectorOptions(QVBoxLayout *layout, bool poll);
     QWidget *createChosenCamera();
     QWidget *createLog();
+    void selectModally();
     void openModelessSelector();
     void selected(const QString &call, MoxCam::DeviceInfo *camera);
 
@@ -56,7 +59,7 @@ private:
     MoxCam::DeviceInfo *m_chosen = nullptr;
     QPointer<MoxGui::MoxCameraSelectorDialog> m_selector; // the modeless one, while it is open
 
-    WorldPanel *m_worldPanel;
+    WorldPanel *m_worldPanel = nullptr;
     QComboBox *m_worlds = nullptr;
     QCheckBox *m_poll = nullptr;
     QLabel *m_chosenText = nullptr;

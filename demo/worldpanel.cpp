@@ -105,6 +105,9 @@ QWidget *WorldPanel::createActions()
     m_addCamera = addButton(QStringLiteral("addCamera"), tr("Add &camera"));
     connect(m_addCamera, &QPushButton::clicked, this, &WorldPanel::addCamera);
 
+    m_openDescription = addButton(QStringLiteral("openDescription"), tr("Open a description &file as a camera..."));
+    connect(m_openDescription, &QPushButton::clicked, this, &WorldPanel::openDescription);
+
     auto *types = new QMenu(actions);
     const auto addType = [this, types](int type, const QString &name) {
         connect(types->addAction(name), &QAction::triggered, this, [this, type, name] { addInterface(type, name); });
@@ -118,9 +121,6 @@ QWidget *WorldPanel::createActions()
     connect(m_remove, &QPushButton::clicked, this, &WorldPanel::removeCurrent);
     auto *reset = addButton(QStringLiteral("resetWorld"), tr("Reset &world"));
     connect(reset, &QPushButton::clicked, this, &WorldPanel::resetWorld);
-    m_openDescription = addButton(QStringLiteral("openDescription"), tr("Open a description &file as a camera..."));
-    connect(m_openDescription, &QPushButton::clicked, this, &WorldPanel::openDescription);
-
     layout->addWidget(m_model, 0, 0, 1, 2);
     layout->addWidget(m_addCamera, 0, 2);
     layout->addWidget(m_openDescription, 1, 0, 1, 3);

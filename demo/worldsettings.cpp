@@ -93,7 +93,7 @@ QWidget *WorldSettings::createCameraPage()
     auto *failure = new QHBoxLayout;
     failure->addWidget(m_failAccess, 1);
     failure->addWidget(m_failRepeatedly);
-    form->addRow(tr("&Fail the n-th access"), failure);
+    form->addRow(tr("Fail the &n-th access"), failure);
     static_cast<QLabel *>(form->labelForField(failure))->setBuddy(m_failAccess);
     connect(m_failAccess, QOverload<int>::of(&QSpinBox::valueChanged), this, &WorldSettings::setFailure);
     connect(m_failRepeatedly, &QCheckBox::clicked, this, &WorldSettings::setFailure);
