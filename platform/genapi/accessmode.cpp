@@ -46,8 +46,11 @@ EAccessMode Node::accessMode()
 
 EAccessMode Node::describedMode()
 {
-    if (m_mode)
-        return *m_mode;
+    if (const EAccessMode *known = m_mode.find(false, m_map.evaluation)) {
+        if (m_isModeOfCircle)
+            ++m_map.modeCircles;
+        return *known;
+    }
     // Conditions may refer in a circle; the second visit decides nothing.
     if (m_busy & Evaluation::Mode) {
         ++m_map.modeCircles;
@@ -56,10 +59,11 @@ EAccessMode Node::describedMode()
     const std::uint64_t circles = m_map.modeCircles;
     Evaluation guard(*this, Evaluation::Mode);
     const EAccessMode mode = computeMode();
-    // A mode that was found within a circle depends on where the circle was entered, so only the entrance keeps it.
+    // A mode that was found within a circle depends on where the circle was entered, so only the entrance keeps it; the
+    // others hold until this evaluation ends, or the ways round a circle would be walked in every order.
     const bool certain = m_map.modeCircles == circles || m_map.evaluationDepth == 1;
-    if (keepsMode && certain && IsAvailable(m_map.port().GetAccessMode()))
-        m_mode = mode;
+    m_isModeOfCircle = !certain;
+    m_mode.store(mode, keepsMode && certain && IsAvailable(m_map.port().GetAccessMode()), false, m_map.evaluation);
     return mode;
 }
 

@@ -9,6 +9,22 @@ namespace MoxGenApi {
 
 using namespace GenApi;
 
+namespace {
+
+// A description may let one write branch out again and again; real ones write a handful of nodes.
+constexpr int mostSteps = 10000;
+
+} // namespace
+
+void NodeMap::touch(Node &node)
+{
+    if (++m_steps > mostSteps)
+        throw RUNTIME_EXCEPTION("The write that reached node '%s' goes through too many nodes.", node.name());
+    m_touched.push_back(&node);
+}
+
+// A node that is invalidated or selected by another one shows something else of the device from then on, so what holds
+// its value goes stale as well.
 std::vector<Node *> NodeMap::affected(const std::vector<Node *> &seeds)
 {
     ++m_mark;
@@ -22,6 +38,10 @@ std::vector<Node *> NodeMap::affected(const std::vector<Node *> &seeds)
     for (std::size_t i = 0; i < nodes.size(); ++i) {
         for (Node *dependent : nodes[i]->dependents)
             reach(dependent);
+        if (!nodes[i]->prompted.empty()) {
+            for (Node *source : Dependencies::withSources(nodes[i]->prompted))
+                reach(source);
+        }
     }
     return nodes;
 }
@@ -37,6 +57,7 @@ void NodeMap::change(Node &node, const std::function<void()> &action)
     locked([&] {
         const std::uint64_t writesBefore = m_writes;
         std::vector<Node *> outer = std::exchange(m_touched, {});
+        const int outerSteps = std::exchange(m_steps, 0);
         m_discardsWritten = false;
         std::exception_ptr failure;
         try {
@@ -45,6 +66,7 @@ void NodeMap::change(Node &node, const std::function<void()> &action)
             failure = std::current_exception();
         }
         const std::vector<Node *> touched = std::exchange(m_touched, std::move(outer));
+        m_steps = outerSteps;
         const std::vector<Node *> nodes = affected(touched);
         for (Node *stale : nodes)
             stale->forget();
@@ -128,7 +150,7 @@ void NodeMap::announce(const std::vector<Node *> &nodes, const Node *first, std:
     const std::vector<Pending> pending = listeners(nodes, first);
     for (const Pending &entry : pending) {
         // Any callback may have ended any other.
-        if (!entry.node->isRegistered(entry.registration))
+        if (entry.registration.type != cbPostInsideLock || !entry.node->isRegistered(entry.registration))
             continue;
         try {
             (*entry.registration.callback)(cbPostInsideLock);
@@ -137,7 +159,8 @@ void NodeMap::announce(const std::vector<Node *> &nodes, const Node *first, std:
                 failure = std::current_exception();
         }
     }
-    m_outside.insert(m_outside.end(), pending.begin(), pending.end());
+    std::copy_if(pending.begin(), pending.end(), std::back_inserter(m_outside),
+                 [](const Pending &entry) { return entry.registration.type == cbPostOutsideLock; });
     if (failure)
         std::rethrow_exception(failure);
 }
@@ -164,6 +187,7 @@ void NodeMap::locked(const std::function<void()> &work)
             AutoLock lock(m_lock);
             if (!entry.node->isRegistered(entry.registration))
                 continue;
+            beginOutside(entry.registration);
         }
         try {
             (*entry.registration.callback)(cbPostOutsideLock);
@@ -171,9 +195,57 @@ void NodeMap::locked(const std::function<void()> &work)
             if (!failure)
                 failure = std::current_exception();
         }
+        endOutside(entry.registration);
     }
     if (failure)
         std::rethrow_exception(failure);
+}
+
+// Entered while the map's lock is held: whoever detaches the callback either comes first or finds it running.
+void NodeMap::beginOutside(const Node::Registration &registration)
+{
+    const std::lock_guard<std::mutex> guard(m_runningMutex);
+    m_running.push_back({registration.serial, std::this_thread::get_id(), false});
+}
+
+void NodeMap::endOutside(const Node::Registration &registration)
+{
+    bool isOurs = false;
+    {
+        const std::lock_guard<std::mutex> guard(m_runningMutex);
+        const auto runs = [&registration](const Running &running) { return running.serial == registration.serial; };
+        const auto own = std::find_if(m_running.begin(), m_running.end(), [&runs](const Running &running) {
+            return runs(running) && running.thread == std::this_thread::get_id();
+        });
+        const bool isAbandoned = own->isAbandoned;
+        m_running.erase(own);
+        isOurs = isAbandoned && std::none_of(m_running.begin(), m_running.end(), runs);
+        // Under the mutex: the waiting thread may end the map as soon as it may go on.
+        m_callbackEnded.notify_all();
+    }
+    if (isOurs)
+        registration.callback->Destroy();
+}
+
+bool NodeMap::awaitEnd(const Node::Registration &registration, bool isWithinChange)
+{
+    const std::thread::id self = std::this_thread::get_id();
+    std::unique_lock<std::mutex> guard(m_runningMutex);
+    const auto runsElsewhere = [&] {
+        return std::any_of(m_running.begin(), m_running.end(), [&](const Running &running) {
+            return running.serial == registration.serial && running.thread != self;
+        });
+    };
+    const bool isWithinCallback = isWithinChange
+        || std::any_of(m_running.begin(), m_running.end(),
+                       [self](const Running &running) { return running.thread == self; });
+    if (!isWithinCallback)
+        m_callbackEnded.wait(guard, [&] { return !runsElsewhere(); });
+    if (!runsElsewhere())
+        return true;
+    for (Running &running : m_running)
+        running.isAbandoned = running.isAbandoned || running.serial == registration.serial;
+    return false;
 }
 
 } // namespace MoxGenApi

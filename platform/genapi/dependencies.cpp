@@ -44,6 +44,8 @@ void Dependencies::turnLinks(const Nodes &nodes)
             if (link.role != Role::Mention
                 && (link.target->dependents.empty() || link.target->dependents.back() != node.get()))
                 link.target->dependents.push_back(node.get());
+            if (link.role == Role::Invalidator || link.role == Role::Selector)
+                link.target->prompted.push_back(node.get());
         }
     }
 }

@@ -135,12 +135,15 @@ private:
         NodeDescription node = describe(element, kind, attributeOf(element, "Name"));
         std::vector<xmlNode *> entries;
         for (xmlNode *child = nextElement(element->children); child; child = nextElement(child->next)) {
-            if (nameOf(child) == "EnumEntry")
-                entries.push_back(child);
-            else if (nameOf(child) == "IntSwissKnife")
+            if (nameOf(child) == "EnumEntry") {
+                // An entry that lies in a node of another kind belongs to nobody.
+                if (kind == NodeKind::Enumeration)
+                    entries.push_back(child);
+            } else if (nameOf(child) == "IntSwissKnife") {
                 node.properties.push_back({"pAddress", readAddressFormula(child, node.name), {}, {}});
-            else if (nameOf(child) != "Extension")
+            } else if (nameOf(child) != "Extension") {
                 node.properties.push_back(property(child));
+            }
         }
         const std::string name = node.name;
         const int position = addNode(std::move(node));

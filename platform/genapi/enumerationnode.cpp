@@ -40,7 +40,7 @@ void EnumerationNode::resolve()
 void EnumerationNode::forget()
 {
     Node::forget();
-    m_value.reset();
+    m_value.forget();
 }
 
 EnumEntryNode *EnumerationNode::entryOf(std::int64_t value) const
@@ -70,12 +70,11 @@ EnumEntryNode &EnumerationNode::checkedEntry(const std::string &symbolic) const
 
 std::int64_t EnumerationNode::integer(bool ignoreCache)
 {
-    if (m_value && !ignoreCache)
-        return *m_value;
+    if (const std::int64_t *known = m_value.find(ignoreCache, m_map.evaluation))
+        return *known;
     Evaluation guard(*this, Evaluation::Value);
     const std::int64_t value = m_source.integer(ignoreCache);
-    if (keepsValue)
-        m_value = value;
+    m_value.store(value, keepsValue, ignoreCache, m_map.evaluation);
     return value;
 }
 

@@ -59,7 +59,7 @@ public:
 
 protected:
     GenApi::EAccessMode sourceMode() override { return m_source.mode(); }
-    bool isValueKept() const override { return m_value.has_value(); }
+    bool isValueKept() const override { return m_value.isKept(); }
     std::string printed(bool ignoreCache) override;
     void setPrinted(const std::string &text, bool verify) override;
 
@@ -68,7 +68,7 @@ private:
 
     ValueSource m_source;
     std::vector<EnumEntryNode *> m_entries;
-    std::optional<std::int64_t> m_value;
+    Kept<std::int64_t> m_value;
 };
 
 /** The number of an entry by its symbolic, for formulas; throws when @p node has no such entry. */

@@ -10,6 +10,7 @@ namespace MoxGenApi {
 /**
  * Lives while a node evaluates one of its aspects. A node that is reached again meanwhile refers to itself, and one at
  * the end of a very long chain would overflow the stack: both throw RuntimeException.
+ * The outermost one also bounds how long results that may not be kept are used again, see `Kept`.
  */
 class Evaluation
 {
@@ -20,13 +21,19 @@ public:
     class Depth
     {
     public:
-        Depth(Node &node, int depth) : m_total(node.map().evaluationDepth), m_depth(depth)
+        Depth(Node &node, int depth)
+            : m_total(node.map().evaluationDepth), m_evaluation(node.map().evaluation), m_depth(depth)
         {
             if (m_total + m_depth > deepest)
                 throw RUNTIME_EXCEPTION("The chain of references that ends at node '%s' is too long.", node.name());
             m_total += m_depth;
         }
-        ~Depth() { m_total -= m_depth; }
+        ~Depth()
+        {
+            m_total -= m_depth;
+            if (m_total == 0)
+                ++m_evaluation;
+        }
         Depth(const Depth &) = delete;
         Depth &operator=(const Depth &) = delete;
 
@@ -34,6 +41,7 @@ public:
         static constexpr int deepest = 1000; // real descriptions stay below 50
 
         int &m_total;
+        std::uint64_t &m_evaluation;
         const int m_depth;
     };
 

@@ -12,6 +12,7 @@ namespace MoxGenApi {
 namespace {
 
 constexpr int deepest = 500;
+constexpr std::size_t mostTerms = 100000;
 
 using RealFunction = double (*)(double);
 
@@ -211,6 +212,8 @@ private:
             term.depth = std::max(term.depth, m_expression.m_terms[operand].depth + 1);
         if (term.depth > deepest)
             fail("too many nested terms");
+        if (m_expression.m_terms.size() == mostTerms)
+            fail("too many terms");
         term.operands = std::move(operands);
         m_expression.m_terms.push_back(std::move(term));
         return m_expression.m_terms.size() - 1;
@@ -364,10 +367,17 @@ private:
         const std::string text = m_text.substr(begin, m_at - begin);
         const auto definition = m_definitions.find(text);
         if (definition != m_definitions.end()) {
+            // Each is entered once, and then shared by all that mention it.
+            if (const auto known = m_known.find(text); known != m_known.end()) {
+                m_expression.m_terms[known->second].isShared = true;
+                m_expression.m_hasShared = true;
+                return known->second;
+            }
             if (++m_depth > deepest)
                 fail("an expression contains itself");
             const std::size_t inner = parse(definition->second);
             --m_depth;
+            m_known.emplace(text, inner);
             return inner;
         }
         if (isFunction(text) && (take("(") || text == "E" || text == "PI"))
@@ -395,6 +405,7 @@ private:
 
     Expression &m_expression;
     const std::map<std::string, std::string> &m_definitions;
+    std::map<std::string, std::size_t> m_known; // terms that definitions became
     std::string m_text;
     std::size_t m_at = 0;
     int m_depth = 0;
@@ -407,10 +418,20 @@ Expression::Expression(const std::string &text, const std::map<std::string, std:
 
 Number Expression::evaluate(bool isReal, const Lookup &lookup) const
 {
-    return valueOf(m_root, isReal, lookup);
+    Known known(m_hasShared ? m_terms.size() : 0);
+    return valueOf(m_root, isReal, lookup, known);
 }
 
-Number Expression::valueOf(std::size_t position, bool isReal, const Lookup &lookup) const
+Number Expression::valueOf(std::size_t position, bool isReal, const Lookup &lookup, Known &known) const
+{
+    if (!m_terms[position].isShared)
+        return computed(position, isReal, lookup, known);
+    if (!known[position])
+        known[position] = computed(position, isReal, lookup, known);
+    return *known[position];
+}
+
+Number Expression::computed(std::size_t position, bool isReal, const Lookup &lookup, Known &known) const
 {
     const Term &term = m_terms[position];
     const std::string &what = term.what;
@@ -418,16 +439,16 @@ Number Expression::valueOf(std::size_t position, bool isReal, const Lookup &look
         return term.number;
     if (what == "name")
         return lookup(term.name);
-    const Number first = valueOf(term.operands.front(), isReal, lookup);
+    const Number first = valueOf(term.operands.front(), isReal, lookup, known);
     if (what == "?")
-        return valueOf(term.operands[first.isTrue() ? 1 : 2], isReal, lookup);
+        return valueOf(term.operands[first.isTrue() ? 1 : 2], isReal, lookup, known);
     if (what == "||" && first.isTrue())
         return Number::of(std::int64_t(1));
     if (what == "&&" && !first.isTrue())
         return Number::of(std::int64_t(0));
     if (term.operands.size() == 1)
         return applied(what, first);
-    const Number second = valueOf(term.operands[1], isReal, lookup);
+    const Number second = valueOf(term.operands[1], isReal, lookup, known);
     if (what == "||" || what == "&&")
         return Number::of(std::int64_t(second.isTrue()));
     if (what == "ROUND") {

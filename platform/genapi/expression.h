@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <functional>
 #include <map>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -57,12 +58,17 @@ private:
         Number number;
         std::string name;
         int depth = 1;
+        bool isShared = false; // mentioned more than once: evaluated once
     };
 
-    Number valueOf(std::size_t term, bool isReal, const Lookup &lookup) const;
+    using Known = std::vector<std::optional<Number>>; // by term
+
+    Number valueOf(std::size_t term, bool isReal, const Lookup &lookup, Known &known) const;
+    Number computed(std::size_t term, bool isReal, const Lookup &lookup, Known &known) const;
 
     std::vector<Term> m_terms;
     std::size_t m_root = 0;
+    bool m_hasShared = false;
 };
 
 } // namespace MoxGenApi

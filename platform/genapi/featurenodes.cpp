@@ -25,17 +25,16 @@ void BooleanNode::resolve()
 void BooleanNode::forget()
 {
     Node::forget();
-    m_value.reset();
+    m_value.forget();
 }
 
 std::int64_t BooleanNode::integer(bool ignoreCache)
 {
-    if (m_value && !ignoreCache)
-        return *m_value;
+    if (const bool *known = m_value.find(ignoreCache, m_map.evaluation))
+        return *known;
     Evaluation guard(*this, Evaluation::Value);
     const bool value = m_source.integer(ignoreCache) == m_onValue;
-    if (keepsValue)
-        m_value = value;
+    m_value.store(value, keepsValue, ignoreCache, m_map.evaluation);
     return value;
 }
 
@@ -115,10 +114,14 @@ void CommandNode::Execute(bool verify)
 // The device takes the command value back by itself, so this always asks the device.
 bool CommandNode::isDone()
 {
+    if (const bool *known = m_done.find(true, m_map.evaluation))
+        return *known;
     if (!IsReadable(m_source.mode()) || !m_source.target())
         return true;
     Evaluation guard(*this, Evaluation::Value);
-    return m_source.integer(true) != commandValue();
+    const bool done = m_source.integer(true) != commandValue();
+    m_done.store(done, false, true, m_map.evaluation);
+    return done;
 }
 
 bool CommandNode::IsDone(bool verify)
@@ -143,28 +146,27 @@ void CommandNode::setPrinted(const std::string &, bool verify)
 void StringNode::forget()
 {
     Node::forget();
-    m_value.reset();
+    m_value.forget();
 }
 
 std::string StringNode::text(bool ignoreCache)
 {
-    if (m_value && !ignoreCache)
-        return *m_value;
+    if (const std::string *known = m_value.find(ignoreCache, m_map.evaluation))
+        return *known;
     Evaluation guard(*this, Evaluation::Value);
     std::string value = readText(ignoreCache);
-    if (keepsValue)
-        m_value = value;
+    m_value.store(value, keepsValue, ignoreCache, m_map.evaluation);
     return value;
 }
 
 void StringNode::setText(const std::string &text, bool verify)
 {
-    // A longer text has no place to go, verified or not.
+    // From here on an uncached length is read once. A longer text has no place to go, verified or not.
+    Evaluation guard(*this, Evaluation::Write);
     const std::int64_t longest = textMax();
     if (static_cast<std::int64_t>(text.size()) > longest)
         throw OUT_OF_RANGE_EXCEPTION("Node '%s': a text of %lld bytes is longer than the %lld allowed.", name(),
                                      static_cast<long long>(text.size()), static_cast<long long>(longest));
-    Evaluation guard(*this, Evaluation::Write);
     m_map.touch(*this);
     writeText(text, verify);
 }

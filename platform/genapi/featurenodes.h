@@ -29,7 +29,7 @@ public:
 
 protected:
     GenApi::EAccessMode sourceMode() override { return m_source.mode(); }
-    bool isValueKept() const override { return m_value.has_value(); }
+    bool isValueKept() const override { return m_value.isKept(); }
     std::string printed(bool ignoreCache) override;
     void setPrinted(const std::string &text, bool verify) override;
 
@@ -37,7 +37,7 @@ private:
     const std::int64_t m_onValue;
     const std::int64_t m_offValue;
     ValueSource m_source;
-    std::optional<bool> m_value;
+    Kept<bool> m_value;
 };
 
 /** Command: writes `CommandValue`; done when the number behind it has gone back. */
@@ -67,6 +67,7 @@ private:
 
     ValueSource m_source;
     Node *m_commandValue = nullptr;
+    Kept<bool> m_done; // for the evaluation under way only
 };
 
 /** What the text kinds share: verification and kept texts. */
@@ -88,12 +89,12 @@ protected:
     virtual std::string readText(bool ignoreCache) = 0;
     virtual void writeText(const std::string &text, bool verify) = 0;
 
-    bool isValueKept() const override { return m_value.has_value(); }
+    bool isValueKept() const override { return m_value.isKept(); }
     std::string printed(bool ignoreCache) override { return text(ignoreCache); }
     void setPrinted(const std::string &text, bool verify) override;
 
 private:
-    std::optional<std::string> m_value;
+    Kept<std::string> m_value;
 };
 
 /** String: a text of its own or that of another node. */

@@ -40,14 +40,13 @@ FloatNode::Bound FloatNode::bound(const char *tag, const char *linkTag)
 
 template<class Natural> double FloatNode::limit(Bound &bound, unsigned aspect, Natural natural)
 {
-    if (bound.kept)
-        return *bound.kept;
+    if (const double *known = bound.kept.find(false, m_map.evaluation))
+        return *known;
     if (bound.literal && !bound.node)
         return *bound.literal;
     Evaluation guard(*this, static_cast<Evaluation::Aspect>(aspect));
     const double value = bound.node ? bound.node->real(false) : natural();
-    if (keepsLimits)
-        bound.kept = value;
+    bound.kept.store(value, keepsLimits, false, m_map.evaluation);
     return value;
 }
 
@@ -84,10 +83,10 @@ std::int64_t FloatNode::integerMax()
 void FloatNode::forget()
 {
     Node::forget();
-    m_value.reset();
-    m_min.kept.reset();
-    m_max.kept.reset();
-    m_inc.kept.reset();
+    m_value.forget();
+    m_min.kept.forget();
+    m_max.kept.forget();
+    m_inc.kept.forget();
 }
 
 std::int64_t FloatNode::integer(bool ignoreCache)
@@ -97,12 +96,11 @@ std::int64_t FloatNode::integer(bool ignoreCache)
 
 double FloatNode::real(bool ignoreCache)
 {
-    if (m_value && !ignoreCache)
-        return *m_value;
+    if (const double *known = m_value.find(ignoreCache, m_map.evaluation))
+        return *known;
     Evaluation guard(*this, Evaluation::Value);
     const double value = readReal(ignoreCache);
-    if (keepsValue)
-        m_value = value;
+    m_value.store(value, keepsValue, ignoreCache, m_map.evaluation);
     return value;
 }
 
@@ -330,11 +328,11 @@ std::pair<double, double> ConverterNode::limits()
     // The extremes of a varying function may be anywhere.
     if (!target || m_description.text("Slope") == "Varying")
         return everything;
-    const double a = m_from.real(m_variables, false, "TO", target->realMin());
-    const double b = m_from.real(m_variables, false, "TO", target->realMax());
-    if (std::isnan(a) || std::isnan(b))
+    const auto a = m_from.realLimit(m_variables, "TO", target->realMin());
+    const auto b = m_from.realLimit(m_variables, "TO", target->realMax());
+    if (!a || !b || std::isnan(*a) || std::isnan(*b))
         return everything;
-    return {std::max(std::min(a, b), everything.first), std::min(std::max(a, b), everything.second)};
+    return {std::max(std::min(*a, *b), everything.first), std::min(std::max(*a, *b), everything.second)};
 }
 
 SwissKnifeNode::SwissKnifeNode(NodeMap &map, const NodeDescription &description, std::size_t position)

@@ -51,18 +51,18 @@ protected:
     virtual double naturalMin();
     virtual double naturalMax();
 
-    bool isValueKept() const override { return m_value.has_value(); }
+    bool isValueKept() const override { return m_value.isKept(); }
     std::string printed(bool ignoreCache) override;
     void setPrinted(const std::string &text, bool verify) override;
 
-    std::optional<double> m_value;
+    Kept<double> m_value;
 
 private:
     struct Bound
     {
         std::optional<double> literal;
         Node *node = nullptr;
-        std::optional<double> kept;
+        Kept<double> kept;
     };
 
     Bound bound(const char *tag, const char *linkTag);

@@ -47,22 +47,27 @@ Number Variables::value(const Node &owner, const std::string &name, bool ignoreC
 Formula::Formula(Node &owner, std::string text) : m_owner(owner), m_text(std::move(text))
 { }
 
-Number Formula::evaluate(bool isReal, const Variables &variables, bool ignoreCache, const char *argument,
-                         const Number &value)
+void Formula::parse()
 {
-    if (!m_expression) {
-        std::map<std::string, std::string> definitions;
-        for (const Property &property : m_owner.description().properties) {
-            if (property.tag == "Constant" || property.tag == "Expression")
-                definitions.emplace(property.argument, property.text);
-        }
-        try {
-            m_expression = std::make_unique<Expression>(m_text, definitions);
-        } catch (const GenICam_3_0::RuntimeException &error) {
-            throw RUNTIME_EXCEPTION("The formula of node '%s' cannot be understood: %s.", m_owner.name(),
-                                    error.GetDescription());
-        }
+    std::map<std::string, std::string> definitions;
+    for (const Property &property : m_owner.description().properties) {
+        if (property.tag == "Constant" || property.tag == "Expression")
+            definitions.emplace(property.argument, property.text);
     }
+    try {
+        m_expression = std::make_unique<Expression>(m_text, definitions);
+    } catch (const GenICam_3_0::RuntimeException &error) {
+        m_flaw = error.GetDescription();
+    }
+}
+
+std::optional<Number> Formula::evaluate(bool isReal, const Variables &variables, bool ignoreCache, const char *argument,
+                                        const Number &value)
+{
+    if (!m_expression && m_flaw.empty())
+        parse();
+    if (!m_expression)
+        throw RUNTIME_EXCEPTION("The formula of node '%s' cannot be understood: %s.", m_owner.name(), m_flaw.c_str());
     const Evaluation::Depth depth(m_owner, m_expression->depth());
     // A variable is read once, however often the formula names it: the device may change in between.
     std::vector<std::pair<std::string, Number>> known;
@@ -79,18 +84,37 @@ Number Formula::evaluate(bool isReal, const Variables &variables, bool ignoreCac
             return number;
         });
     } catch (const DivisionByZero &) {
-        throw RUNTIME_EXCEPTION("The formula of node '%s' divides by zero.", m_owner.name());
+        return std::nullopt;
     }
+}
+
+Number Formula::checked(const std::optional<Number> &result) const
+{
+    if (!result)
+        throw RUNTIME_EXCEPTION("The formula of node '%s' divides by zero.", m_owner.name());
+    return *result;
 }
 
 std::int64_t Formula::integer(const Variables &variables, bool ignoreCache, const char *argument, std::int64_t value)
 {
-    return evaluate(false, variables, ignoreCache, argument, Number::of(value)).toInteger();
+    return checked(evaluate(false, variables, ignoreCache, argument, Number::of(value))).toInteger();
 }
 
 double Formula::real(const Variables &variables, bool ignoreCache, const char *argument, double value)
 {
-    return evaluate(true, variables, ignoreCache, argument, Number::of(value)).toReal();
+    return checked(evaluate(true, variables, ignoreCache, argument, Number::of(value))).toReal();
+}
+
+std::optional<std::int64_t> Formula::integerLimit(const Variables &variables, const char *argument, std::int64_t value)
+{
+    const auto result = evaluate(false, variables, false, argument, Number::of(value));
+    return result ? std::optional<std::int64_t>(result->toInteger()) : std::nullopt;
+}
+
+std::optional<double> Formula::realLimit(const Variables &variables, const char *argument, double value)
+{
+    const auto result = evaluate(true, variables, false, argument, Number::of(value));
+    return result ? std::optional<double>(result->toReal()) : std::nullopt;
 }
 
 } // namespace MoxGenApi

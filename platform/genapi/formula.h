@@ -41,14 +41,21 @@ public:
     std::int64_t integer(const Variables &variables, bool ignoreCache, const char *argument = nullptr,
                          std::int64_t value = 0);
     double real(const Variables &variables, bool ignoreCache, const char *argument = nullptr, double value = 0);
+    /** The same of a limit: none where the formula divides by zero. */
+    std::optional<std::int64_t> integerLimit(const Variables &variables, const char *argument, std::int64_t value);
+    std::optional<double> realLimit(const Variables &variables, const char *argument, double value);
 
 private:
-    Number evaluate(bool isReal, const Variables &variables, bool ignoreCache, const char *argument,
-                    const Number &value);
+    void parse();
+    /** None where the formula divides by zero. */
+    std::optional<Number> evaluate(bool isReal, const Variables &variables, bool ignoreCache, const char *argument,
+                                   const Number &value);
+    Number checked(const std::optional<Number> &result) const;
 
     Node &m_owner;
     const std::string m_text;
     std::unique_ptr<const Expression> m_expression;
+    std::string m_flaw; // why the formula cannot be understood
 };
 
 } // namespace MoxGenApi

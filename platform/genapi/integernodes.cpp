@@ -43,8 +43,8 @@ IntegerNode::Bound IntegerNode::bound(const char *tag, const char *linkTag)
 
 template<class Natural> std::int64_t IntegerNode::limit(Bound &bound, unsigned aspect, Natural natural)
 {
-    if (bound.kept)
-        return *bound.kept;
+    if (const std::int64_t *known = bound.kept.find(false, m_map.evaluation))
+        return *known;
     if (bound.literal && !bound.node)
         return *bound.literal;
     Evaluation guard(*this, static_cast<Evaluation::Aspect>(aspect));
@@ -53,8 +53,7 @@ template<class Natural> std::int64_t IntegerNode::limit(Bound &bound, unsigned a
         value = natural();
     else
         value = bound.node->isReal() ? toInteger(bound.node->real(false)) : bound.node->integer(false);
-    if (keepsLimits)
-        bound.kept = value;
+    bound.kept.store(value, keepsLimits, false, m_map.evaluation);
     return value;
 }
 
@@ -81,20 +80,19 @@ const std::vector<std::int64_t> *IntegerNode::validIntegers()
 void IntegerNode::forget()
 {
     Node::forget();
-    m_value.reset();
-    m_min.kept.reset();
-    m_max.kept.reset();
-    m_inc.kept.reset();
+    m_value.forget();
+    m_min.kept.forget();
+    m_max.kept.forget();
+    m_inc.kept.forget();
 }
 
 std::int64_t IntegerNode::integer(bool ignoreCache)
 {
-    if (m_value && !ignoreCache)
-        return *m_value;
+    if (const std::int64_t *known = m_value.find(ignoreCache, m_map.evaluation))
+        return *known;
     Evaluation guard(*this, Evaluation::Value);
     const std::int64_t value = readInteger(ignoreCache);
-    if (keepsValue)
-        m_value = value;
+    m_value.store(value, keepsValue, ignoreCache, m_map.evaluation);
     return value;
 }
 
@@ -211,7 +209,11 @@ std::string IntegerNode::printed(bool ignoreCache)
 
 void IntegerNode::setPrinted(const std::string &text, bool verify)
 {
-    const auto value = parseInteger(text, representation());
+    std::optional<std::int64_t> value;
+    {
+        AutoLock lock(m_map.GetLock());
+        value = parseInteger(text, representation());
+    }
     if (!value)
         throw INVALID_ARGUMENT_EXCEPTION("Node '%s': '%s' is no integer.", name(), text.c_str());
     SetValue(*value, verify);
@@ -314,9 +316,11 @@ std::pair<std::int64_t, std::int64_t> IntConverterNode::limits()
     // A formula over the whole range of an integer overflows, and a varying one has its extremes anywhere.
     if (m_description.text("Slope") == "Varying" || min == everything.first || max == everything.second)
         return everything;
-    const std::int64_t a = m_from.integer(m_variables, false, "TO", min);
-    const std::int64_t b = m_from.integer(m_variables, false, "TO", max);
-    return {std::min(a, b), std::max(a, b)};
+    const auto a = m_from.integerLimit(m_variables, "TO", min);
+    const auto b = m_from.integerLimit(m_variables, "TO", max);
+    if (!a || !b)
+        return everything;
+    return {std::min(*a, *b), std::max(*a, *b)};
 }
 
 IntSwissKnifeNode::IntSwissKnifeNode(NodeMap &map, const NodeDescription &description, std::size_t position)

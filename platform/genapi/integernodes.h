@@ -45,18 +45,18 @@ protected:
     virtual std::int64_t naturalMax() { return Node::integerMax(); }
     virtual std::int64_t naturalInc() { return 1; }
 
-    bool isValueKept() const override { return m_value.has_value(); }
+    bool isValueKept() const override { return m_value.isKept(); }
     std::string printed(bool ignoreCache) override;
     void setPrinted(const std::string &text, bool verify) override;
 
-    std::optional<std::int64_t> m_value;
+    Kept<std::int64_t> m_value;
 
 private:
     struct Bound
     {
         std::optional<std::int64_t> literal;
         Node *node = nullptr;
-        std::optional<std::int64_t> kept;
+        Kept<std::int64_t> kept;
     };
 
     Bound bound(const char *tag, const char *linkTag);

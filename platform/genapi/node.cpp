@@ -36,6 +36,12 @@ Node::Node(NodeMap &map, const NodeDescription &description, std::size_t positio
         m_cachingMode = WriteAround;
     if (const auto time = parseInteger(description.text("PollingTime")); time && *time >= 0)
         m_pollingTime = *time;
+    // The stricter of the two: a description may hide further what another one brings.
+    m_visibility = std::max(visibilityFromText(description.text("Visibility")),
+                            visibilityFromText(description.text("ImposedVisibility")));
+    m_displayName = description.find("DisplayName");
+    if (!m_displayName || m_displayName->empty())
+        m_displayName = &description.name;
 }
 
 Node::~Node()
@@ -88,13 +94,6 @@ gcstring Node::GetName(bool fullQualified) const
     return gcstring(m_description.name);
 }
 
-EVisibility Node::GetVisibility() const
-{
-    // The stricter of the two: a description may hide further what another one brings.
-    return std::max(visibilityFromText(m_description.text("Visibility")),
-                    visibilityFromText(m_description.text("ImposedVisibility")));
-}
-
 void Node::InvalidateNode()
 {
     m_map.invalidate({this});
@@ -117,8 +116,7 @@ gcstring Node::GetDescription() const
 
 gcstring Node::GetDisplayName() const
 {
-    const std::string text = m_description.text("DisplayName");
-    return gcstring(text.empty() ? m_description.name : text);
+    return gcstring(*m_displayName);
 }
 
 gcstring Node::GetDeviceName() const
@@ -160,20 +158,27 @@ CallbackHandleType Node::RegisterCallback(CNodeCallback *callback)
     if (!callback)
         return 0;
     AutoLock lock(m_map.GetLock());
-    m_callbacks.push_back({callback, m_map.nextSerial()});
+    m_callbacks.push_back({callback, m_map.nextSerial(), callback->GetCallbackType()});
     return reinterpret_cast<CallbackHandleType>(callback);
 }
 
 bool Node::DeregisterCallback(CallbackHandleType handle)
 {
-    AutoLock lock(m_map.GetLock());
-    const auto found = std::find_if(m_callbacks.begin(), m_callbacks.end(), [handle](const Registration &registration) {
-        return reinterpret_cast<CallbackHandleType>(registration.callback) == handle;
-    });
-    if (found == m_callbacks.end())
-        return false;
-    m_callbacks.erase(found);
-    return true;
+    std::optional<Registration> detached;
+    bool isWithinChange = false;
+    {
+        AutoLock lock(m_map.GetLock());
+        const auto found =
+            std::find_if(m_callbacks.begin(), m_callbacks.end(), [handle](const Registration &registration) {
+                return reinterpret_cast<CallbackHandleType>(registration.callback) == handle;
+            });
+        if (found == m_callbacks.end())
+            return false;
+        detached = *found;
+        m_callbacks.erase(found);
+        isWithinChange = m_map.isChanging();
+    }
+    return detached->type != cbPostOutsideLock || m_map.awaitEnd(*detached, isWithinChange);
 }
 
 bool Node::isRegistered(const Registration &registration) const
@@ -190,9 +195,9 @@ gcstring Node::ToString(bool verify, bool ignoreCache)
     return gcstring(printed(ignoreCache));
 }
 
+// Without the lock: the callbacks that follow the write outside of it must find it free.
 void Node::FromString(const gcstring &text, bool verify)
 {
-    AutoLock lock(m_map.GetLock());
     setPrinted(std::string(text.c_str()), verify);
 }
 
@@ -284,7 +289,7 @@ void Node::setPrinted(const std::string &, bool)
 
 void Node::forget()
 {
-    m_mode.reset();
+    m_mode.forget();
 }
 
 void Node::settle(bool)

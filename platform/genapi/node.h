@@ -3,6 +3,7 @@
 #define MOXGENAPI_NODE_H
 
 #include "description.h"
+#include "kept.h"
 
 #include <GenApi/GenApi.h>
 
@@ -53,7 +54,7 @@ public:
     // INode
     GenApi::EAccessMode GetAccessMode() const override;
     GenApi::gcstring GetName(bool fullQualified) const override;
-    GenApi::EVisibility GetVisibility() const override;
+    GenApi::EVisibility GetVisibility() const override { return m_visibility; }
     void InvalidateNode() override;
     bool IsCachable() const override;
     GenApi::ECachingMode GetCachingMode() const override { return m_cachingMode; }
@@ -126,6 +127,7 @@ public:
 
     // Filled in by the analysis of the dependencies, constant from then on.
     std::vector<Node *> dependents; // nodes that go stale with this one
+    std::vector<Node *> prompted; // those of them that go stale down to the device: invalidated or selected by this one
     std::vector<Node *> parents; // nodes that refer to this one
     std::vector<Node *> selecting; // selectors of this one
     bool keepsValue = true;
@@ -139,6 +141,7 @@ public:
     {
         GenApi::CNodeCallback *callback;
         std::uint64_t serial;
+        GenApi::ECallbackType type;
     };
     const std::vector<Registration> &callbacks() const { return m_callbacks; }
     bool isRegistered(const Registration &registration) const;
@@ -157,7 +160,7 @@ protected:
     GenApi::EAccessMode operandMode();
     virtual bool isValueKept() const { return false; }
 
-    /** The text form that `ToString` and `FromString` speak. */
+    /** The text form that `ToString` and `FromString` speak; the latter runs without the lock and takes it itself. */
     virtual std::string printed(bool ignoreCache);
     virtual void setPrinted(const std::string &text, bool verify);
 
@@ -185,7 +188,10 @@ private:
     GenApi::EAccessMode m_imposed = GenApi::RW;
     GenApi::ECachingMode m_cachingMode = GenApi::WriteThrough;
     std::int64_t m_pollingTime = -1;
-    std::optional<GenApi::EAccessMode> m_mode;
+    Kept<GenApi::EAccessMode> m_mode;
+    bool m_isModeOfCircle = false; // the mode found last holds for the evaluation under way only
+    GenApi::EVisibility m_visibility;
+    const std::string *m_displayName;
     unsigned m_busy = 0; // aspects being evaluated, as `Evaluation` marks them
     std::vector<Registration> m_callbacks;
 };

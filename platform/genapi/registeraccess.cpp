@@ -130,7 +130,7 @@ void RegisterAccess::setBytes(const Bytes &bytes)
     } catch (...) {
         // The device may have taken the bytes all the same.
         for (RegisterAccess *other : overlapping(at, bytes.size()))
-            map.touch(other->m_node);
+            map.touchOverlapped(other->m_node);
         throw;
     }
     map.countWrite();
@@ -138,7 +138,7 @@ void RegisterAccess::setBytes(const Bytes &bytes)
     hold(at, bytes);
     for (RegisterAccess *other : overlapping(at, bytes.size())) {
         if (sharesBits(*other, at, bytes.size()))
-            map.touch(other->m_node);
+            map.touchOverlapped(other->m_node);
         else
             other->patch(at, bytes);
     }
@@ -240,10 +240,16 @@ void RegisterAccess::Get(std::uint8_t *buffer, std::int64_t size, bool, bool ign
 {
     AutoLock lock(m_node.map().GetLock());
     m_node.requireReadable();
-    if (!buffer || size != length())
+    // The device may decide on the length, and change it in between.
+    std::int64_t actual = length();
+    Bytes content;
+    if (buffer && size == actual) {
+        content = bytes(ignoreCache);
+        actual = static_cast<std::int64_t>(content.size());
+    }
+    if (!buffer || size != actual)
         throw INVALID_ARGUMENT_EXCEPTION("Node '%s' has %lld bytes, not %lld.", m_node.name(),
-                                         static_cast<long long>(length()), static_cast<long long>(size));
-    const Bytes content = bytes(ignoreCache);
+                                         static_cast<long long>(actual), static_cast<long long>(size));
     std::copy(content.begin(), content.end(), buffer);
 }
 

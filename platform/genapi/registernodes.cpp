@@ -15,9 +15,13 @@ namespace {
 
 constexpr std::size_t longestNumber = 8;
 
+constexpr std::int64_t noBit = 64; // outside of every register that holds a number
+
 // Both directions: the order of the bytes in the register against the least significant first.
 std::uint64_t numberFrom(Bytes bytes, bool isBigEndian)
 {
+    if (bytes.size() > longestNumber)
+        throw RUNTIME_EXCEPTION("A register of %zu bytes is too long for a number.", bytes.size());
     if (isBigEndian)
         std::reverse(bytes.begin(), bytes.end());
     std::uint64_t number = 0;
@@ -96,14 +100,17 @@ std::int64_t IntRegNode::naturalMax()
 MaskedIntRegNode::MaskedIntRegNode(NodeMap &map, const NodeDescription &description, std::size_t position)
     : IntRegNode(map, description, position)
 {
-    const auto bit = parseInteger(description.text("Bit"));
-    m_lsb = parseInteger(description.text("LSB")).value_or(bit.value_or(0));
-    m_msb = parseInteger(description.text("MSB")).value_or(bit.value_or(m_lsb));
+    const auto place = [&description](const char *tag, std::int64_t otherwise) {
+        const std::int64_t bit = parseInteger(description.text(tag)).value_or(otherwise);
+        return bit >= 0 && bit < noBit ? bit : noBit;
+    };
+    m_lsb = place("LSB", place("Bit", 0));
+    m_msb = place("MSB", place("Bit", m_lsb));
 }
 
 // In a big endian register bit 0 is the most significant one. Descriptions mix up LSB and MSB now and then, and either
 // order means the same bits.
-MaskedIntRegNode::Field MaskedIntRegNode::field(std::size_t length) const
+std::optional<MaskedIntRegNode::Field> MaskedIntRegNode::fieldWithin(std::size_t length) const
 {
     const auto bits = static_cast<std::int64_t>(8 * length);
     const std::int64_t first = m_isBigEndian ? bits - 1 - m_lsb : m_lsb;
@@ -111,8 +118,15 @@ MaskedIntRegNode::Field MaskedIntRegNode::field(std::size_t length) const
     const std::int64_t low = std::min(first, second);
     const std::int64_t high = std::max(first, second);
     if (low < 0 || high >= bits)
-        throw RUNTIME_EXCEPTION("Node '%s': its bits lie outside of its register.", name());
-    return {static_cast<int>(low), static_cast<int>(high - low + 1)};
+        return std::nullopt;
+    return Field{static_cast<int>(low), static_cast<int>(high - low + 1)};
+}
+
+MaskedIntRegNode::Field MaskedIntRegNode::field(std::size_t length) const
+{
+    if (const auto bits = fieldWithin(length))
+        return *bits;
+    throw RUNTIME_EXCEPTION("Node '%s': its bits lie outside of its register.", name());
 }
 
 int MaskedIntRegNode::width()
@@ -125,8 +139,9 @@ std::uint8_t MaskedIntRegNode::shownBits(std::size_t index) const
     const auto size = static_cast<std::size_t>(heldLength());
     if (size == 0 || size > longestNumber || index >= size)
         return 0xff;
-    const Field bits = field(size);
-    return bytesFrom(lowBits(bits.width) << bits.low, size, m_isBigEndian)[index];
+    // Whose bits lie nowhere goes stale with any byte: this is asked after the device has taken a write.
+    const auto bits = fieldWithin(size);
+    return bits ? bytesFrom(lowBits(bits->width) << bits->low, size, m_isBigEndian)[index] : 0xff;
 }
 
 std::int64_t MaskedIntRegNode::readInteger(bool ignoreCache)
@@ -151,39 +166,43 @@ FloatRegNode::FloatRegNode(NodeMap &map, const NodeDescription &description, std
     : RegisterOf(map, description, position), m_isBigEndian(description.text("Endianess") == "BigEndian")
 { }
 
+std::size_t FloatRegNode::checkedLength()
+{
+    const std::int64_t bytes = length();
+    if (bytes != sizeof(float) && bytes != sizeof(double))
+        throw RUNTIME_EXCEPTION("Node '%s': a register of %lld bytes holds no floating point number.", name(),
+                                static_cast<long long>(bytes));
+    return static_cast<std::size_t>(bytes);
+}
+
 double FloatRegNode::readReal(bool ignoreCache)
 {
+    const std::size_t size = checkedLength();
     const std::uint64_t bits = numberFrom(bytes(ignoreCache), m_isBigEndian);
-    if (length() == sizeof(double)) {
+    if (size == sizeof(double)) {
         double value = 0;
         std::memcpy(&value, &bits, sizeof value);
         return value;
     }
-    if (length() == sizeof(float)) {
-        const auto half = static_cast<std::uint32_t>(bits);
-        float value = 0;
-        std::memcpy(&value, &half, sizeof value);
-        return static_cast<double>(value);
-    }
-    throw RUNTIME_EXCEPTION("Node '%s': a register of %lld bytes holds no floating point number.", name(),
-                            static_cast<long long>(length()));
+    const auto half = static_cast<std::uint32_t>(bits);
+    float value = 0;
+    std::memcpy(&value, &half, sizeof value);
+    return static_cast<double>(value);
 }
 
 void FloatRegNode::writeReal(double value, bool)
 {
+    const std::size_t size = checkedLength();
     std::uint64_t bits = 0;
-    if (length() == sizeof(double)) {
+    if (size == sizeof(double)) {
         std::memcpy(&bits, &value, sizeof value);
-    } else if (length() == sizeof(float)) {
+    } else {
         // Beyond what the shorter number holds, its limit is written.
         constexpr auto limit = static_cast<double>(std::numeric_limits<float>::max());
         const auto half = static_cast<float>(std::clamp(value, -limit, limit));
         std::memcpy(&bits, &half, sizeof half);
-    } else {
-        throw RUNTIME_EXCEPTION("Node '%s': a register of %lld bytes holds no floating point number.", name(),
-                                static_cast<long long>(length()));
     }
-    setBytes(bytesFrom(bits, static_cast<std::size_t>(length()), m_isBigEndian));
+    setBytes(bytesFrom(bits, size, m_isBigEndian));
 }
 
 double FloatRegNode::naturalMin()
@@ -205,8 +224,8 @@ std::string StringRegNode::readText(bool ignoreCache)
 
 void StringRegNode::writeText(const std::string &text, bool)
 {
-    Bytes content(static_cast<std::size_t>(length()));
-    std::copy(text.begin(), text.end(), content.begin());
+    Bytes content(text.begin(), text.end());
+    content.resize(static_cast<std::size_t>(length()));
     setBytes(content);
 }
 
@@ -230,10 +249,8 @@ void RegisterNode::setPrinted(const std::string &text, bool verify)
         if (const auto byte = parseInteger("0x" + digits.substr(i, 2)))
             content.push_back(static_cast<std::uint8_t>(*byte));
     }
-    if (digits.size() % 2 || content.size() * 2 != digits.size()
-        || static_cast<std::int64_t>(content.size()) != length())
-        throw INVALID_ARGUMENT_EXCEPTION("Node '%s': '%s' is not the hexadecimal form of %lld bytes.", name(),
-                                         text.c_str(), static_cast<long long>(length()));
+    if (digits.size() % 2 || content.size() * 2 != digits.size())
+        throw INVALID_ARGUMENT_EXCEPTION("Node '%s': '%s' is no row of hexadecimal bytes.", name(), text.c_str());
     Set(content.data(), static_cast<std::int64_t>(content.size()), verify);
 }
 

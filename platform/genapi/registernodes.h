@@ -79,6 +79,8 @@ private:
         int width;
     };
 
+    /** Where the bits are in a register of that length; none when they lie outside. */
+    std::optional<Field> fieldWithin(std::size_t length) const;
     Field field(std::size_t length) const;
 
     std::int64_t m_lsb = 0;
@@ -98,6 +100,9 @@ protected:
     double naturalMax() override;
 
 private:
+    /** A length that no number has throws. */
+    std::size_t checkedLength();
+
     const bool m_isBigEndian;
 };
 

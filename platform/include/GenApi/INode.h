@@ -54,9 +54,16 @@ struct MOXSDK_INTERFACE INode : virtual public IBase
     virtual bool IsFeature() const = 0;
     virtual EInterfaceType GetPrincipalInterfaceType() const = 0;
 
-    /** Takes ownership of a heap object; it is disposed of by `Deregister`, or with the node map. */
+    /**
+     * Takes ownership of a heap object; it is disposed of by `Deregister`, or with the node map. The callback must not
+     * end the node map's owner, such as the device: the map still works while its callbacks run.
+     */
     virtual CallbackHandleType RegisterCallback(CNodeCallback *callback) = 0;
-    /** Detaches the callback without disposing of it; false when the handle is unknown. */
+    /**
+     * Detaches the callback without disposing of it; false when the handle is unknown. A `cbPostOutsideLock` callback
+     * that runs on another thread is waited for, so the caller must not hold the node map's lock. From within a callback
+     * of the same map there is no waiting: the node map disposes of the other one as soon as it ends, and this is false.
+     */
     virtual bool DeregisterCallback(CallbackHandleType handle) = 0;
 };
 

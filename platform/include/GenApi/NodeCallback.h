@@ -8,7 +8,8 @@ namespace GenApi_3_0 {
 
 /**
  * A callback on one node. It fires after the node, or one that it depends on, was written, invalidated or polled, on
- * the thread that did it; with the node map's lock held for `cbPostInsideLock`, after its release otherwise.
+ * the thread that did it; with the node map's lock held for `cbPostInsideLock`, after its release otherwise. A callback
+ * must not end the owner of the node map, such as the device: the map still works while its callbacks run.
  */
 class MOXSDK_INTERFACE CNodeCallback
 {
@@ -16,12 +17,13 @@ public:
     CNodeCallback(INode *node, ECallbackType type) : m_pNode(node), m_CallbackType(type) { }
     virtual ~CNodeCallback() = default;
 
-    /** Runs the callback when @p type is the one it was made for. */
+    /** Runs the callback when @p type is the one it was made for; the node map asks for no other. */
     virtual void operator()(ECallbackType type) const = 0;
     /** Disposes of the object. */
     virtual void Destroy() = 0;
 
     INode *GetNode() const { return m_pNode; }
+    ECallbackType GetCallbackType() const { return m_CallbackType; }
 
 protected:
     INode *m_pNode;
@@ -80,7 +82,10 @@ CallbackHandleType Register(INode *node, const Function &function, ECallbackType
     return node->RegisterCallback(new Function_NodeCallback<Function>(node, function, type));
 }
 
-/** Detaches a callback and disposes of it. The node map must still be alive. */
+/**
+ * Detaches a callback and disposes of it. The node map must still be alive. While the callback runs outside of the lock
+ * on another thread, this waits for its end, so the caller must not hold the lock; see `INode::DeregisterCallback`.
+ */
 inline void Deregister(CallbackHandleType handle)
 {
     auto *callback = reinterpret_cast<CNodeCallback *>(handle);

@@ -61,6 +61,7 @@ using CEnumEntryPtr = CPointer<IEnumEntry>;
 using CRegisterPtr = CPointer<IRegister>;
 using CPortPtr = CPointer<IPort>;
 
+// Of a pointer that may be null: a missing node can do nothing.
 inline bool IsReadable(const IBase *node)
 {
     return node && IsReadable(node->GetAccessMode());
@@ -76,6 +77,22 @@ inline bool IsAvailable(const IBase *node)
 inline bool IsImplemented(const IBase *node)
 {
     return node && IsImplemented(node->GetAccessMode());
+}
+template<class T, class B> bool IsReadable(const CPointer<T, B> &node)
+{
+    return node.IsValid() && IsReadable(node->GetAccessMode());
+}
+template<class T, class B> bool IsWritable(const CPointer<T, B> &node)
+{
+    return node.IsValid() && IsWritable(node->GetAccessMode());
+}
+template<class T, class B> bool IsAvailable(const CPointer<T, B> &node)
+{
+    return node.IsValid() && IsAvailable(node->GetAccessMode());
+}
+template<class T, class B> bool IsImplemented(const CPointer<T, B> &node)
+{
+    return node.IsValid() && IsImplemented(node->GetAccessMode());
 }
 
 } // namespace GenApi_3_0

@@ -8,6 +8,7 @@
 #include <QString>
 #include <QTest>
 
+#include <functional>
 #include <map>
 
 namespace MoxTest {
@@ -19,6 +20,8 @@ public:
     void Read(void *buffer, std::int64_t address, std::int64_t length) override
     {
         ++reads;
+        if (onRead)
+            onRead(address);
         failWhenDue();
         for (std::int64_t i = 0; i < length; ++i) {
             const auto found = memory.find(address + i);
@@ -49,6 +52,7 @@ public:
 
     std::map<std::int64_t, std::uint8_t> memory;
     GenApi::EAccessMode mode = GenApi::RW;
+    std::function<void(std::int64_t address)> onRead; // before the bytes are taken
     int reads = 0;
     int writes = 0;
     int failAt = 0; // the access of that number, counted from 1, throws; 0 for none

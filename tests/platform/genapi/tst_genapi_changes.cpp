@@ -1,7 +1,10 @@
 // What a change sets off: which nodes are told, in which order and when, and what is read from the port afterwards.
 #include "memoryport.h"
 
+#include <array>
 #include <atomic>
+#include <future>
+#include <memory>
 #include <thread>
 
 using namespace GenApi;
@@ -75,6 +78,10 @@ private Q_SLOTS:
     void poll();
     void everyAccessMayFail();
     void twoThreads();
+    void endingWaitsForACallback();
+    void callbacksThatEndEachOther();
+    void promptedNodesAskTheDevice_data();
+    void promptedNodesAskTheDevice();
 };
 
 void TestGenApiChanges::everyDependentIsToldOnce_data()
@@ -174,6 +181,8 @@ void TestGenApiChanges::insideBeforeOutside()
     const CallbackHandleType outside = Register(camera.map->GetNode("A"), note("outside"), cbPostOutsideLock);
     const CallbackHandleType inside = Register(camera.map->GetNode("B"), note("inside"), cbPostInsideLock);
     camera.integer("A").SetValue(1);
+    QCOMPARE(log.taken(), QStringLiteral("inside-locked outside-free"));
+    camera.integer("A").FromString("2");
     QCOMPARE(log.taken(), QStringLiteral("inside-locked outside-free"));
     // A write from within a callback lets its own outer callbacks wait for the outermost release.
     const CallbackHandleType nested =
@@ -376,6 +385,90 @@ void TestGenApiChanges::twoThreads()
     Deregister(handle);
     QVERIFY(!torn);
     QCOMPARE(fired.load(), 2 * rounds);
+}
+
+// Whether the callback is still registered shows to itself: a write of its own then calls it again.
+void TestGenApiChanges::endingWaitsForACallback()
+{
+    Camera camera("<Integer Name='A'><Value>0</Value></Integer>");
+    std::promise<void> started;
+    std::atomic<bool> hasEnded{false};
+    bool isNested = false;
+    bool isCalledAgain = false;
+    const CallbackHandleType handle = Register(
+        camera.map->GetNode("A"),
+        [&](INode *) {
+            isCalledAgain = true;
+            if (std::exchange(isNested, true))
+                return;
+            started.set_value();
+            while (std::exchange(isCalledAgain, false))
+                camera.integer("A").SetValue(2);
+            hasEnded = true;
+        },
+        cbPostOutsideLock);
+    std::thread writer([&] { camera.integer("A").SetValue(1); });
+    started.get_future().wait();
+    Deregister(handle);
+    const bool hasWaited = hasEnded;
+    writer.join();
+    QVERIFY(hasWaited);
+}
+
+// Neither can wait for the other, so the node map disposes of both.
+void TestGenApiChanges::callbacksThatEndEachOther()
+{
+    Camera camera("<Integer Name='A'><Value>0</Value></Integer><Integer Name='B'><Value>0</Value></Integer>");
+    const auto token = std::make_shared<int>();
+    std::atomic<int> running{0};
+    std::array<CallbackHandleType, 2> handles{};
+    for (int i = 0; i < 2; ++i) {
+        handles[i] = Register(
+            camera.map->GetNode(i ? "B" : "A"),
+            [&running, &handles, i, token](INode *) {
+                for (++running; running < 2;)
+                    std::this_thread::yield();
+                Deregister(handles[1 - i]);
+                // Both are detached before either ends.
+                for (++running; running < 4;)
+                    std::this_thread::yield();
+            },
+            cbPostOutsideLock);
+    }
+    std::thread other([&] { camera.integer("B").SetValue(1); });
+    camera.integer("A").SetValue(1);
+    other.join();
+    QCOMPARE(token.use_count(), 1L);
+    camera.integer("A").SetValue(2);
+    QCOMPARE(running.load(), 4);
+}
+
+void TestGenApiChanges::promptedNodesAskTheDevice_data()
+{
+    QTest::addColumn<QByteArray>("inWriter");
+    QTest::addColumn<QByteArray>("inTold");
+    QTest::newRow("invalidated") << QByteArray() << QByteArray("<pInvalidator>Writer</pInvalidator>");
+    QTest::newRow("selected") << QByteArray("<pSelected>Told</pSelected>") << QByteArray();
+    QTest::newRow("neither") << QByteArray() << QByteArray();
+}
+
+void TestGenApiChanges::promptedNodesAskTheDevice()
+{
+    QFETCH(QByteArray, inWriter);
+    QFETCH(QByteArray, inTold);
+    const bool isPrompted = !inWriter.isEmpty() || !inTold.isEmpty();
+    Camera camera(reg("IntReg", "R", 0) + reg("IntReg", "S", 8) + "<Integer Name='Writer'><pValue>R</pValue>" + inWriter
+                  + "</Integer><Integer Name='Told'><pValue>S</pValue>" + inTold + "</Integer>");
+    QCOMPARE(camera.integer("Told").GetValue(), 0);
+    camera.port.put(8, "\2");
+    Log log(camera);
+    log.listen("Writer R Told S");
+    camera.integer("Writer").SetValue(1);
+    QCOMPARE(log.taken(), isPrompted ? QStringLiteral("Writer R S Told") : QStringLiteral("Writer R"));
+    QCOMPARE(camera.integer("Told").GetValue(), isPrompted ? 2 : 0);
+    // What was just written stays known.
+    QCOMPARE(camera.integer("Writer").GetValue(), 1);
+    QCOMPARE(camera.port.reads, isPrompted ? 2 : 1);
 }
 
 QTEST_APPLESS_MAIN(TestGenApiChanges)

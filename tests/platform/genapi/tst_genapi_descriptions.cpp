@@ -20,6 +20,9 @@ private Q_SLOTS:
     void circlesOfValues_data();
     void circlesOfValues();
     void longChain();
+    void workIsBounded_data();
+    void workIsBounded();
+    void entryOfNoEnumeration();
     void exceptionText();
 };
 
@@ -213,6 +216,68 @@ void TestGenApiDescriptions::longChain()
     camera.map->InvalidateNodes();
 }
 
+// Each level names the one below twice: what is worked out again at every mention would never come to an end.
+void TestGenApiDescriptions::workIsBounded_data()
+{
+    QTest::addColumn<QByteArray>("level"); // of number %1 above number %2
+    QTest::addColumn<QString>("writeError");
+    QTest::addColumn<int>("reads"); // of the lowest one, for the mode, the text and the maximum of the highest one
+    const auto row = [](const char *name, const char *level, int reads, const char *writeError) {
+        QTest::newRow(name) << QByteArray(level) << QString::fromLatin1(writeError) << reads;
+    };
+    row("values",
+        "<IntSwissKnife Name='N%1'><pVariable Name='X'>N%2</pVariable><pVariable Name='Y'>N%2</pVariable>"
+        "<Formula>X|Y</Formula></IntSwissKnife>",
+        1, "Node 'N60' is not writable.");
+    row("limits",
+        "<Converter Name='N%1'><FormulaTo>FROM</FormulaTo><FormulaFrom>TO</FormulaFrom><pValue>N%2</pValue>"
+        "</Converter>",
+        1, "");
+    row("index and value",
+        "<Integer Name='N%1'><pIndex>N%2</pIndex><pValueIndexed Index='0'>N%2</pValueIndexed><pValueDefault>N%2"
+        "</pValueDefault></Integer>",
+        6, "");
+    row("commands",
+        "<Command Name='N%1'><ImposedAccessMode>RW</ImposedAccessMode><pValue>N%2</pValue><pCommandValue>N%2"
+        "</pCommandValue></Command>",
+        1, "");
+    row("conditions in circles",
+        "<Integer Name='N%1'><Value>1</Value><pIsAvailable>N%2</pIsAvailable><pIsLocked>N%2</pIsLocked>"
+        "<pIsImplemented>N60</pIsImplemented></Integer>",
+        2, "Node 'N60' is not writable.");
+    row("copies", "<Integer Name='N%1'><pValue>N%2</pValue><pValueCopy>N%2</pValueCopy></Integer>", 1,
+        "goes through too many nodes.");
+}
+
+void TestGenApiDescriptions::workIsBounded()
+{
+    QFETCH(QByteArray, level);
+    QFETCH(QString, writeError);
+    QFETCH(int, reads);
+    QByteArray nodes = reg("IntReg", "N0", 0, "<Cachable>NoCache</Cachable>");
+    for (int i = 1; i <= 60; ++i)
+        nodes += QByteArray(level).replace("%1", QByteArray::number(i)).replace("%2", QByteArray::number(i - 1));
+    Camera camera(nodes);
+    camera.port.put(0, "\1");
+    INode *top = camera.map->GetNode("N60");
+    const CValuePtr value(top);
+    const QString error = thrown([&] { value->FromString("1"); });
+    QVERIFY2(writeError.isEmpty() ? error.isEmpty() : error.endsWith(writeError), qPrintable(error));
+    const int before = camera.port.reads;
+    QVERIFY(IsReadable(top));
+    value->ToString(false, true);
+    if (const CFloatPtr real(top); real.IsValid())
+        real->GetMax();
+    QCOMPARE(camera.port.reads - before, reads);
+}
+
+void TestGenApiDescriptions::entryOfNoEnumeration()
+{
+    Camera camera("<Integer Name='I'><Value>3</Value><EnumEntry Name='A'><Value>1</Value></EnumEntry></Integer>");
+    QCOMPARE(camera.integer("I").GetValue(), 3);
+    QVERIFY(!camera.map->GetNode("EnumEntry_I_A"));
+}
+
 void TestGenApiDescriptions::exceptionText()
 {
     const GenICam::AccessException error("Reason 100%", "file.cpp", 7);
@@ -222,6 +287,8 @@ void TestGenApiDescriptions::exceptionText()
     QCOMPARE(error.GetSourceLine(), 7u);
     QCOMPARE(thrown([] { CIntegerPtr()->GetValue(); }),
              QStringLiteral("LogicalErrorException: NULL pointer dereferenced"));
+    const CIntegerPtr null;
+    QVERIFY(!IsReadable(null) && !IsWritable(null) && !IsAvailable(null) && !IsImplemented(null));
 }
 
 QTEST_APPLESS_MAIN(TestGenApiDescriptions)

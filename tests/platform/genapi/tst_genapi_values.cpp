@@ -1,6 +1,7 @@
 // Values of every kind: what the registers hold, what comes back, which values are refused and with what words.
 #include "memoryport.h"
 
+#include <array>
 #include <clocale>
 #include <limits>
 
@@ -14,7 +15,11 @@ class TestGenApiValues : public QObject
 private Q_SLOTS:
     void integerRegisters_data();
     void integerRegisters();
+    void impossibleRegisters_data();
+    void impossibleRegisters();
     void maskedRegisterKeepsItsNeighbours();
+    void lengthThatTheCameraChanges();
+    void limitsBeyondTheFormula();
     void structEntriesShareTheStructure();
     void integerRefusals_data();
     void integerRefusals();
@@ -96,6 +101,89 @@ void TestGenApiValues::integerRegisters()
         QCOMPARE(integer.GetValue(), limit);
     }
     QCOMPARE(camera.port.bytes(0x10, bytes.size()), bytes);
+}
+
+void TestGenApiValues::impossibleRegisters_data()
+{
+    QTest::addColumn<QByteArray>("kind");
+    QTest::addColumn<QByteArray>("more");
+    const auto row = [](const char *name, const char *kind, const char *more) {
+        QTest::newRow(name) << QByteArray(kind) << QByteArray(more);
+    };
+    row("long float", "FloatReg", "<Length>16</Length>");
+    row("short float", "FloatReg", "<Length>3</Length>");
+    row("long integer", "IntReg", "<Length>9</Length>");
+    row("bits behind the register", "MaskedIntReg", "<LSB>40</LSB><MSB>41</MSB>");
+    row("negative bit", "MaskedIntReg", "<Bit>-1</Bit>");
+    row("bits beyond any number", "MaskedIntReg",
+        "<LSB>0x8000000000000000</LSB><MSB>0x7fffffffffffffff</MSB><Endianess>BigEndian</Endianess>");
+}
+
+// They fail when they are used as numbers; their bytes may be read, and writes of others over them go through.
+void TestGenApiValues::impossibleRegisters()
+{
+    QFETCH(QByteArray, kind);
+    QFETCH(QByteArray, more);
+    Camera camera(reg(kind, "N", 0, more) + reg("IntReg", "R", 0));
+    const CValuePtr value(camera.map->GetNode("N"));
+    for (const QString &error : {thrown([&] { value->ToString(); }), thrown([&] { value->FromString("1", false); })})
+        QVERIFY2(error.startsWith(QStringLiteral("RuntimeException: Node 'N'")), qPrintable(error));
+    auto *raw = camera.get<IRegister>("N");
+    std::vector<std::uint8_t> bytes(static_cast<std::size_t>(raw->GetLength()));
+    raw->Get(bytes.data(), raw->GetLength());
+    camera.integer("R").SetValue(7);
+    QCOMPARE(camera.port.bytes(0, 1), QByteArray("\7"));
+    raw->Get(bytes.data(), raw->GetLength());
+    QCOMPARE(int(bytes[0]), 7);
+}
+
+// The camera says another length each time it is asked, while the buffers were made for one of them.
+void TestGenApiValues::lengthThatTheCameraChanges()
+{
+    const QByteArray length = "<pLength>L</pLength><Length>4</Length>";
+    Camera camera(reg("IntReg", "L", 256, "<Cachable>NoCache</Cachable>") + reg("StringReg", "S", 0, length)
+                  + reg("Register", "R", 0, length) + reg("IntReg", "I", 0, length) + reg("FloatReg", "F", 0, length));
+    bool isLong = false;
+    camera.port.onRead = [&](std::int64_t address) {
+        if (address == 256)
+            camera.port.put(256, std::exchange(isLong, !isLong) ? "\x7f" : "\4");
+    };
+    for (int i = 0; i < 2; ++i) {
+        isLong = i;
+        thrown([&] { camera.get<IString>("S")->SetValue(std::string(100, 'x').c_str()); });
+        isLong = i;
+        std::array<std::uint8_t, 4> buffer{};
+        thrown([&] { camera.get<IRegister>("R")->Get(buffer.data(), 4); });
+        for (const char *name : {"I", "F"}) {
+            isLong = i;
+            thrown([&] { camera.get<IValue>(name)->ToString(); });
+            isLong = i;
+            thrown([&] { camera.get<IValue>(name)->FromString("1"); });
+        }
+    }
+    // Within one write the length is read once, and the whole text fits.
+    isLong = true;
+    camera.get<IString>("S")->SetValue(std::string(100, 'x').c_str());
+    QCOMPARE(camera.port.bytes(0, 101), QByteArray(100, 'x') + '\0');
+}
+
+// A limit at which the formula divides by zero bounds nothing.
+void TestGenApiValues::limitsBeyondTheFormula()
+{
+    Camera camera(reg("IntReg", "R", 0, "<Length>2</Length>")
+                  + "<Converter Name='C'><FormulaTo>1000/FROM</FormulaTo><FormulaFrom>1000/TO</FormulaFrom>"
+                    "<pValue>R</pValue></Converter><IntConverter Name='I'><FormulaTo>1000/FROM</FormulaTo>"
+                    "<FormulaFrom>1000/TO</FormulaFrom><pValue>R</pValue></IntConverter>");
+    QCOMPARE(camera.real("C").GetMin(), -std::numeric_limits<double>::max());
+    QCOMPARE(camera.real("C").GetMax(), std::numeric_limits<double>::max());
+    QCOMPARE(camera.integer("I").GetMin(), int64Min);
+    QCOMPARE(camera.integer("I").GetMax(), int64Max);
+    camera.real("C").SetValue(10);
+    QCOMPARE(camera.integer("R").GetValue(), 100);
+    camera.integer("I").SetValue(20);
+    QCOMPARE(camera.integer("R").GetValue(), 50);
+    const QString reason = QStringLiteral("RuntimeException: The formula of node 'C' divides by zero.");
+    QCOMPARE(thrown([&] { camera.real("C").SetValue(0); }), reason);
 }
 
 void TestGenApiValues::maskedRegisterKeepsItsNeighbours()
@@ -221,6 +309,7 @@ void TestGenApiValues::formulas_data()
         "The formula of node 'N' uses 'Y', which is none of its variables.");
     row("(X", "The formula of node 'N' cannot be understood: ')' is missing at character 3 of '(X'.",
         "The formula of node 'N' cannot be understood: ')' is missing at character 3 of '(X'.");
+    row("T60", "1152921504606846976", "1.15292150460684698e18");
     row("S", "The formula of node 'N' cannot be understood: an expression contains itself at character 2 of 'S'.",
         "The formula of node 'N' cannot be understood: an expression contains itself at character 2 of 'S'.");
 }
@@ -233,11 +322,16 @@ void TestGenApiValues::formulas()
     QFETCH(QString, real);
     std::setlocale(LC_NUMERIC, "de_DE.UTF-8");
     formula.replace('&', "&amp;").replace('<', "&lt;");
+    QByteArray doubled = "<Constant Name='T0'>1</Constant>";
+    for (int i = 1; i <= 60; ++i) {
+        const QByteArray below = "T" + QByteArray::number(i - 1);
+        doubled += "<Expression Name='T" + QByteArray::number(i) + "'>" + below + '+' + below + "</Expression>";
+    }
     const QByteArray body = "<pVariable Name='X'>V</pVariable><pVariable Name='X.Max'>V</pVariable>"
                             "<pVariable Name='X.Min'>V</pVariable><pVariable Name='X.Inc'>V</pVariable>"
                             "<pVariable Name='E.Enum.On'>E</pVariable><pVariable Name='D'>D</pVariable>"
-                            "<Constant Name='K'>10</Constant><Expression Name='S'>S</Expression><Formula>"
-        + formula + "</Formula>";
+                            "<Constant Name='K'>10</Constant><Expression Name='S'>S</Expression>"
+        + doubled + "<Formula>" + formula + "</Formula>";
     const QByteArray nodes = "<Integer Name='V'><Value>7</Value><Min>0</Min><Max>100</Max></Integer>"
                              "<Float Name='D'><Value>2.5</Value></Float>"
                              "<Enumeration Name='E'><EnumEntry Name='On'><Value>3</Value></EnumEntry><Value>3</Value>"
