@@ -34,7 +34,8 @@ public:
 
     static Registry &instance()
     {
-        static Registry registry;
+        // Never destroyed: static objects may give the system up at the very end.
+        static Registry &registry = *new Registry;
         return registry;
     }
 
@@ -42,12 +43,6 @@ private:
     std::mutex m_mutex;
     std::map<const MoxCam::DeviceInfo *, DeviceInfo *> m_infos;
 };
-
-std::string dotted(std::uint32_t address)
-{
-    return std::to_string(address >> 24) + '.' + std::to_string(address >> 16 & 0xFF) + '.'
-        + std::to_string(address >> 8 & 0xFF) + '.' + std::to_string(address & 0xFF);
-}
 
 } // namespace
 

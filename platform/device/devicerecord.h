@@ -27,6 +27,12 @@ struct DeviceRecord
     std::uint32_t gateway = 0;
 };
 
+/** "vendor model (serial number)", without what is empty. */
+std::string displayName(const DeviceRecord &record);
+
+/** The dotted text of an address. */
+std::string dotted(std::uint32_t address);
+
 } // namespace MoxSdk
 
 #endif

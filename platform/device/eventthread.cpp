@@ -6,26 +6,14 @@ namespace MoxSdk {
 
 EventThread &EventThread::instance()
 {
-    static EventThread thread;
+    // Never destroyed: the thread may be in a callback that waits for what the ending thread holds, and static objects
+    // that are destroyed later may still cause events.
+    static EventThread &thread = *new EventThread;
     return thread;
 }
 
 EventThread::EventThread() : m_thread([this] { run(); })
 { }
-
-EventThread::~EventThread()
-{
-    {
-        const std::lock_guard<std::mutex> lock(m_mutex);
-        m_ending = true;
-    }
-    m_wakeUp.notify_one();
-    // A callback that ends the process stands on the thread itself.
-    if (isCurrent())
-        m_thread.detach();
-    else
-        m_thread.join();
-}
 
 void EventThread::post(std::function<void()> task)
 {
@@ -45,9 +33,7 @@ void EventThread::run()
 {
     std::unique_lock<std::mutex> lock(m_mutex);
     for (;;) {
-        m_wakeUp.wait(lock, [this] { return m_ending || !m_tasks.empty(); });
-        if (m_ending)
-            return;
+        m_wakeUp.wait(lock, [this] { return !m_tasks.empty(); });
         // The task dies before the lock is taken again: it may own what takes other locks when it goes.
         {
             const std::function<void()> task = std::move(m_tasks.front());

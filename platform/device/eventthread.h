@@ -23,13 +23,11 @@ public:
 
 private:
     EventThread();
-    ~EventThread();
     void run();
 
     std::mutex m_mutex;
     std::condition_variable m_wakeUp;
     std::deque<std::function<void()>> m_tasks;
-    bool m_ending = false;
     std::thread m_thread; // last: it runs as soon as it is made
 };
 

@@ -4,6 +4,7 @@
 #include "elementlist.h"
 #include "eventsource.h"
 
+#include <condition_variable>
 #include <mutex>
 #include <unordered_map>
 #include <unordered_set>
@@ -23,8 +24,9 @@ public:
     const std::string version;
 
     const std::shared_ptr<EventSource> events = std::make_shared<EventSource>();
-    std::mutex discovering; // one discovery at a time; taken before the other one
     std::mutex mutex; // guards what follows, and is free while a discovery looks around
+    bool discovering = false; // one at a time
+    std::condition_variable discovered;
     std::unordered_map<std::string, std::unique_ptr<DeviceInfo>> known;
     std::vector<MoxCam::DeviceInfo *> shown;
 };
@@ -51,8 +53,17 @@ MoxCam::DeviceInfo *Interface::ConnectByIp(const char *)
 
 void Interface::ReDiscoverDevices(bool *changed, std::uint32_t timeout)
 {
-    const std::lock_guard<std::mutex> discovery(d->discovering);
-    const std::vector<DeviceRecord> records = discover(std::chrono::milliseconds(timeout));
+    const std::chrono::milliseconds limit(timeout);
+    if (changed)
+        *changed = false;
+    {
+        // Who cannot wait for the end of another discovery leaves the list to it.
+        std::unique_lock<std::mutex> lock(d->mutex);
+        if (!d->discovered.wait_for(lock, limit, [this] { return !d->discovering; }))
+            return;
+        d->discovering = true;
+    }
+    const std::vector<DeviceRecord> records = discover(limit);
 
     std::vector<MoxCam::DeviceInfo *> found;
     std::unordered_set<DeviceInfo *> seen;
@@ -66,6 +77,8 @@ void Interface::ReDiscoverDevices(bool *changed, std::uint32_t timeout)
     if (changed)
         *changed = found != d->shown;
     d->shown = std::move(found);
+    d->discovering = false;
+    d->discovered.notify_one();
 }
 
 const char *Interface::GetDescription()

@@ -42,12 +42,4 @@ std::vector<Adapter> readAdapters()
     return adapters;
 }
 
-std::string dotted(std::uint32_t address)
-{
-    const in_addr raw{htonl(address)};
-    char text[INET_ADDRSTRLEN] = "";
-    ::inet_ntop(AF_INET, &raw, text, sizeof text);
-    return text;
-}
-
 } // namespace MoxSdk

@@ -24,9 +24,6 @@ struct Adapter
 /** The addresses of adapters that are up and reach more than one peer, in the system's order. */
 std::vector<Adapter> readAdapters();
 
-/** The dotted text of an address. */
-std::string dotted(std::uint32_t address);
-
 } // namespace MoxSdk
 
 #endif

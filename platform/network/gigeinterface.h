@@ -8,7 +8,7 @@
 
 namespace MoxSdk {
 
-/** One IPv4 address of an adapter, as it was when it appeared. Owned by the backend; any thread. */
+/** One IPv4 address of an adapter, which may go and come back changed. Owned by the backend; any thread. */
 class GigEInterface final : public Interface
 {
 public:
@@ -20,7 +20,7 @@ protected:
     std::vector<DeviceRecord> discover(std::chrono::milliseconds limit) override;
 
 private:
-    const Adapter m_adapter;
+    const Adapter m_adapter; // as it was when it appeared; its name and address stay
     const std::uint16_t m_port;
 };
 

@@ -1,5 +1,6 @@
 #include "gvcpchannel.h"
 
+#include "../device/devicerecord.h"
 #include "packeddescription.h"
 
 #include <Base/GCException.h>
@@ -16,8 +17,8 @@ using std::chrono::milliseconds;
 // What the standard recommends is 200 ms and three tries; slow cameras need a little longer to write.
 constexpr milliseconds answerTime{300};
 constexpr int tries = 3;
-// A camera may ask for more time than anybody wants to wait.
-constexpr milliseconds longestPending{10000};
+// A camera may ask for more time, again and again, than anybody wants to wait.
+constexpr milliseconds longestRequest{5000};
 
 constexpr std::uint64_t addressEnd = std::uint64_t(1) << 32;
 
@@ -65,7 +66,7 @@ GvcpChannel::~GvcpChannel()
     // One try: a camera that does not hear it drops its controller by itself.
     const std::uint16_t id = Gvcp::nextRequestId();
     if (m_socket.send(Gvcp::writeRegisterCommand(id, Gvcp::ControlChannelPrivilege, 0)))
-        awaitReply(id, Gvcp::WriteRegisterAck);
+        awaitReply(id, Gvcp::WriteRegisterAck, UdpSocket::Clock::now() + answerTime);
 }
 
 std::string GvcpChannel::description()
@@ -160,16 +161,18 @@ void GvcpChannel::writeBlock(const std::uint8_t *data, std::uint32_t address, st
 GvcpChannel::Reply GvcpChannel::request(std::uint16_t id, const Gvcp::Packet &command, Gvcp::Answer answer)
 {
     // A repeated command keeps its id, by which the camera knows it again and does not carry it out twice.
-    for (int i = 0; i < tries; ++i) {
-        if (!m_socket.send(command))
-            continue;
-        if (auto reply = awaitReply(id, answer))
+    const auto latest = UdpSocket::Clock::now() + longestRequest;
+    for (int i = 0; i < tries && UdpSocket::Clock::now() < latest; ++i) {
+        // A system that refuses to send, for want of room or of a route, is given the same time until the next try.
+        m_socket.send(command);
+        if (auto reply = awaitReply(id, answer, latest))
             return *std::move(reply);
     }
     throw TIMEOUT_EXCEPTION("the camera does not answer");
 }
 
-std::optional<GvcpChannel::Reply> GvcpChannel::awaitReply(std::uint16_t id, Gvcp::Answer answer)
+std::optional<GvcpChannel::Reply> GvcpChannel::awaitReply(std::uint16_t id, Gvcp::Answer answer,
+                                                          UdpSocket::Clock::time_point latest)
 {
     auto deadline = UdpSocket::Clock::now() + answerTime;
     while (const auto datagram = m_socket.receive(deadline)) {
@@ -177,7 +180,7 @@ std::optional<GvcpChannel::Reply> GvcpChannel::awaitReply(std::uint16_t id, Gvcp
         if (!acknowledge || acknowledge->id != id)
             continue;
         if (const auto pending = Gvcp::parsePending(*acknowledge)) {
-            deadline = UdpSocket::Clock::now() + std::min(milliseconds(*pending), longestPending);
+            deadline = std::min(UdpSocket::Clock::now() + milliseconds(*pending), latest);
             continue;
         }
         if (acknowledge->answer == answer)

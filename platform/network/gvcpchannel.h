@@ -36,7 +36,8 @@ private:
     void readBlock(std::uint8_t *data, std::uint32_t address, std::size_t length);
     void writeBlock(const std::uint8_t *data, std::uint32_t address, std::size_t length);
     Reply request(std::uint16_t id, const Gvcp::Packet &command, Gvcp::Answer answer);
-    std::optional<Reply> awaitReply(std::uint16_t id, Gvcp::Answer answer);
+    /** Waits the usual time, or as long as the camera asks for; never beyond @p latest. */
+    std::optional<Reply> awaitReply(std::uint16_t id, Gvcp::Answer answer, UdpSocket::Clock::time_point latest);
     static void check(const Reply &reply, std::size_t length);
 
     UdpSocket m_socket;

@@ -21,12 +21,6 @@ std::string stableId(const Gvcp::DiscoveryAnswer &answer)
     return id + '-' + (answer.macAddress ? std::string(hardware) : dotted(answer.ipAddress));
 }
 
-std::string displayName(const Gvcp::DiscoveryAnswer &answer)
-{
-    const std::string name = answer.vendor.empty() ? answer.model : answer.vendor + ' ' + answer.model;
-    return answer.serialNumber.empty() ? name : name + " (" + answer.serialNumber + ')';
-}
-
 } // namespace
 
 GvcpDiscovery::GvcpDiscovery(const Adapter &adapter, std::uint16_t port)
@@ -92,7 +86,7 @@ void GvcpDiscovery::handle(const UdpSocket::Datagram &datagram)
     if (!acknowledge)
         return;
     if (acknowledge->id != m_discoveryId) {
-        setPrivilege(*acknowledge);
+        setPrivilege(*acknowledge, datagram.source);
         return;
     }
     const auto answer = Gvcp::parseDiscovery(*acknowledge);
@@ -110,9 +104,9 @@ void GvcpDiscovery::addCamera(const Gvcp::DiscoveryAnswer &answer)
     camera.record.id = position->first;
     camera.record.vendor = answer.vendor;
     camera.record.model = answer.model;
-    camera.record.displayName = displayName(answer);
     camera.record.userDefinedName = answer.userDefinedName;
     camera.record.serialNumber = answer.serialNumber;
+    camera.record.displayName = displayName(camera.record);
     camera.record.version = answer.deviceVersion;
     camera.record.macAddress = answer.macAddress;
     camera.record.ipAddress = answer.ipAddress;
@@ -126,10 +120,11 @@ void GvcpDiscovery::addCamera(const Gvcp::DiscoveryAnswer &answer)
     askPrivilege(camera);
 }
 
-void GvcpDiscovery::setPrivilege(const Gvcp::Acknowledge &acknowledge)
+void GvcpDiscovery::setPrivilege(const Gvcp::Acknowledge &acknowledge, std::uint32_t source)
 {
     const auto position = std::find_if(m_cameras.begin(), m_cameras.end(), [&](const auto &entry) {
-        return entry.second.privilegeId != 0 && entry.second.privilegeId == acknowledge.id;
+        const Camera &camera = entry.second;
+        return camera.privilegeId != 0 && camera.privilegeId == acknowledge.id && camera.record.ipAddress == source;
     });
     if (position == m_cameras.end())
         return;

@@ -38,7 +38,7 @@ private:
     void askPrivilege(const Camera &camera);
     void handle(const UdpSocket::Datagram &datagram);
     void addCamera(const Gvcp::DiscoveryAnswer &answer);
-    void setPrivilege(const Gvcp::Acknowledge &acknowledge);
+    void setPrivilege(const Gvcp::Acknowledge &acknowledge, std::uint32_t source);
     bool isAnothers(const UdpSocket::Datagram &datagram, std::uint32_t cameraAddress) const;
 
     const Adapter m_adapter;

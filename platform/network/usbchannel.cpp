@@ -24,10 +24,13 @@ std::string text(const char *value)
 }
 
 // Throws what Aravis reports, and tells a camera that is gone from one that refuses. Takes the error over.
-void check(GError *error)
+void check(bool done, GError *error)
 {
-    if (!error)
+    if (!error) {
+        if (!done)
+            throw RUNTIME_EXCEPTION("the camera is not there, or refuses without a reason");
         return;
+    }
     const std::unique_ptr<GError, decltype(&g_error_free)> guard(error, &g_error_free);
     if (error->domain != ARV_DEVICE_ERROR)
         throw TIMEOUT_EXCEPTION("%s", error->message);
@@ -69,7 +72,7 @@ std::vector<DeviceRecord> UsbChannel::cameras()
         record.vendor = text(arv_interface_get_device_vendor(usb, i));
         record.model = text(arv_interface_get_device_model(usb, i));
         record.serialNumber = text(arv_interface_get_device_serial_nbr(usb, i));
-        record.displayName = record.vendor + ' ' + record.model + " (" + record.serialNumber + ')';
+        record.displayName = displayName(record);
         record.accessStatus = MoxCam::AccessReadWrite;
         records.push_back(record);
     }
@@ -83,9 +86,7 @@ UsbChannel::UsbChannel(const std::string &id)
     arv_interface_update_device_list(usb);
     GError *error = nullptr;
     m_device = arv_interface_open_device(usb, id.c_str(), &error);
-    check(error);
-    if (!m_device)
-        throw RUNTIME_EXCEPTION("the camera %s is not found", id.c_str());
+    check(m_device, error);
 }
 
 UsbChannel::~UsbChannel()
@@ -105,15 +106,16 @@ std::string UsbChannel::description()
 void UsbChannel::read(void *buffer, std::uint64_t address, std::size_t length)
 {
     GError *error = nullptr;
-    arv_device_read_memory(m_device, address, checkedLength(length), buffer, &error);
-    check(error);
+    const bool done = arv_device_read_memory(m_device, address, checkedLength(length), buffer, &error);
+    check(done, error);
 }
 
 void UsbChannel::write(const void *buffer, std::uint64_t address, std::size_t length)
 {
     GError *error = nullptr;
-    arv_device_write_memory(m_device, address, checkedLength(length), const_cast<void *>(buffer), &error);
-    check(error);
+    const bool done =
+        arv_device_write_memory(m_device, address, checkedLength(length), const_cast<void *>(buffer), &error);
+    check(done, error);
 }
 
 bool UsbChannel::isAlive()

@@ -18,6 +18,16 @@ bool onGuiThread()
     return !app || app->thread() == QThread::currentThread();
 }
 
+/** Nothing that a sink throws makes a write fail that succeeded, or gets into the event loop. */
+void tell(MoxGenParam::ParamEventSink *sink, MoxGenParam::Param *param)
+{
+    try {
+        sink->OnParameterUpdate(param);
+    } catch (...) {
+        // The others hear of the update all the same.
+    }
+}
+
 } // namespace
 
 /** Keeps `close` on another thread waiting; holds the node map for the time of its life, or null when it is closed. */
@@ -94,7 +104,7 @@ void UpdateDispatcher::notify(Param *param)
     const Activity activity(*this);
     for (Sink *sink : sinksOf(param)) {
         if (isSubscribed(param, sink))
-            sink->OnParameterUpdate(param);
+            tell(sink, param);
     }
 }
 
@@ -168,7 +178,7 @@ void UpdateDispatcher::deliverQueued()
         const Update update = m_queue.front();
         m_queue.pop_front();
         lock.unlock();
-        update.sink->OnParameterUpdate(update.param);
+        tell(update.sink, update.param);
         lock.lock();
     }
 }

@@ -9,7 +9,6 @@
 
 #include <algorithm>
 #include <fstream>
-#include <iterator>
 #include <stdexcept>
 
 namespace MoxSdk {
@@ -31,8 +30,12 @@ public:
 std::string fileText(const std::string &path)
 {
     std::ifstream file(path, std::ios::binary);
-    const std::string text{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
-    if (!file)
+    std::string text;
+    char block[4096];
+    while (file.read(block, sizeof block) || file.gcount() > 0)
+        text.append(block, static_cast<std::size_t>(file.gcount()));
+    // A directory can be opened, but its end is never reached.
+    if (!file.eof())
         throw std::runtime_error("The description " + path + " cannot be read");
     return text;
 }
@@ -88,8 +91,8 @@ CameraPlan planCamera(const MoxSim::CameraSetup &setup, const CameraPosition &po
     plan.model = setup.model;
     plan.slowLink = setup.slowLink;
     plan.reach = setup.reach;
+    const ModelDescription &description = modelDescription(setup.model);
     if (setup.descriptionFile.empty()) {
-        const ModelDescription &description = modelDescription(setup.model);
         plan.description = description.text;
         plan.registers = &description.registers;
     } else {
@@ -105,7 +108,7 @@ CameraPlan planCamera(const MoxSim::CameraSetup &setup, const CameraPosition &po
     record.userDefinedName = setup.userName;
     record.id = record.vendor + "_" + record.model + "_" + record.serialNumber;
     std::replace(record.id.begin(), record.id.end(), ' ', '_');
-    record.displayName = record.vendor + " " + record.model + " (" + record.serialNumber + ")";
+    record.displayName = displayName(record);
     if (position.interfaceType == MoxCam::InterfaceGigEVision) {
         // A locally administered address: nobody's product.
         record.macAddress =

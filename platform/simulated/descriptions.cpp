@@ -1,5 +1,7 @@
 #include "descriptions.h"
 
+#include <stdexcept>
+
 namespace MoxSdk {
 
 namespace {
@@ -26,9 +28,9 @@ const ModelDescription &modelDescription(MoxSim::Model model)
     case MoxSim::Model::Plain:
         return plain;
     case MoxSim::Model::Color:
-        break;
+        return color;
     }
-    return color;
+    throw std::invalid_argument("There is no such camera model");
 }
 
 } // namespace MoxSdk

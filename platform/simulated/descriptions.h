@@ -18,6 +18,7 @@ struct ModelDescription
     RegisterMap registers;
 };
 
+/** Throws std::invalid_argument for a number that is no model. */
 const ModelDescription &modelDescription(MoxSim::Model model);
 
 /** A description's pieces, ended by null; generated when the project is configured. */

@@ -12,6 +12,8 @@ namespace MoxSdk {
 
 namespace {
 
+constexpr std::size_t longestSerialNumber = 16; // that is what a network camera's register holds
+
 const char *typeName(int type)
 {
     switch (type) {
@@ -25,8 +27,10 @@ const char *typeName(int type)
         return "CXP";
     case MoxCam::InterfaceHdSdi:
         return "SDI";
-    default:
+    case MoxCam::InterfaceCustom:
         return "Custom";
+    default:
+        throw std::invalid_argument("There is no interface type " + std::to_string(type));
     }
 }
 
@@ -135,10 +139,15 @@ std::string World::addCameraLocked(const std::string &interfaceId, const MoxSim:
 {
     Interface &interface = *findInterface(interfaceId);
     MoxSim::CameraSetup complete = setup;
-    if (complete.serialNumber.empty()) {
+    std::string &serial = complete.serialNumber;
+    serial.erase(std::remove_if(serial.begin(), serial.end(), [](char c) { return c < 0x20 || c > 0x7e; }),
+                 serial.end());
+    if (serial.size() > longestSerialNumber)
+        serial.resize(longestSerialNumber);
+    if (serial.empty()) {
         char digits[16];
         std::snprintf(digits, sizeof digits, "%06u", m_nextSerialNumber++);
-        complete.serialNumber = digits;
+        serial = digits;
     }
     CameraPlan plan = planCamera(complete, {interface.facts.type, interface.number, interface.nextCamera});
     if (hasCamera(plan.record.id))

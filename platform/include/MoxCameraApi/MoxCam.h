@@ -20,7 +20,10 @@ namespace MoxCam {
 class Interface;
 class DeviceInfo;
 
-/** Receives an event on a thread of the SDK; @p data is valid during the call only. */
+/**
+ * Receives an event on a thread of the SDK; @p data is valid during the call only. It must not wait for a thread that
+ * may be unregistering it or releasing its device, since those calls wait for it to end.
+ */
 using EventCallback = void (*)(const void *data, unsigned long size, void *context);
 
 /** Events of a device, and of an interface for the last one. */
@@ -91,13 +94,18 @@ public:
     virtual DeviceInfoList *GetDeviceInfoList() = 0;
     /** Asks a GigE Vision device at a dotted address directly; null when none answers. */
     virtual DeviceInfo *ConnectByIp(const char *ipAddress) = 0;
-    /** Runs a discovery that takes at most @p timeout milliseconds; @p changed may be null. */
+    /**
+     * Runs a discovery that takes at most @p timeout milliseconds; for USB it takes what listing the bus takes, without
+     * a limit. A discovery that another thread has under way here is waited for first: when it does not end within
+     * @p timeout, this call leaves the list to it. @p changed, which may be null, tells whether this call changed it.
+     */
     virtual void ReDiscoverDevices(bool *changed, std::uint32_t timeout) = 0;
     virtual const char *GetDescription() = 0;
     /** One of `InterfaceType`. */
     virtual int GetType() = 0;
     virtual const char *GetID() = 0;
     virtual const char *GetVersion() = 0;
+    /** There is no way back: @p context must outlive the system. */
     virtual void RegisterEventCallback(std::uint32_t eventId, EventCallback callback, void *context) = 0;
     /** The interface's own parameters; null when it has none. */
     virtual MoxGenParam::Array *GetParameters(MoxCamErr *err) = 0;
@@ -134,9 +142,14 @@ protected:
 class MOXSDK_INTERFACE Device
 {
 public:
-    /** Closes the camera and ends its parameters and node map. */
+    /**
+     * Closes the camera and ends its parameters and node map. Waits for an event callback of this device that is
+     * running, unless it is called inside one. Must not be called inside a callback of a GenApi node; inside a parameter
+     * sink it may.
+     */
     virtual void Release() = 0;
     virtual MoxCamErr RegisterEvent(int eventId, EventCallback callback, void *context) = 0;
+    /** Waits for a running call of this callback, unless it is called inside an event callback. */
     virtual MoxCamErr UnregisterEvent(int eventId, EventCallback callback, void *context) = 0;
     /** The camera's parameters, valid until `Release`; null with an error when the camera gave none. */
     virtual MoxGenParam::Array *GetCameraParameters(MoxCamErr *err) = 0;

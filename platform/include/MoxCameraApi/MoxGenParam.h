@@ -31,7 +31,10 @@ enum ParamType {
     TypeOther = 0
 };
 
-/** Hears of a parameter's changes, on the GUI thread; inside the write when a write made there caused them. */
+/**
+ * Hears of a parameter's changes, on the GUI thread; inside the write when a write made there caused them. What it
+ * throws is dropped.
+ */
 class MOXSDK_INTERFACE ParamEventSink
 {
 public:
@@ -53,7 +56,10 @@ public:
     virtual bool IsReadable() = 0;
     /** Subscribes a sink, which must outlive the subscription or the device. */
     virtual void RegisterEventSink(ParamEventSink *sink) = 0;
-    /** Harmless when the sink is not subscribed. */
+    /**
+     * Harmless when the sink is not subscribed. To be called on the GUI thread: there the sink is free to go afterwards,
+     * while on another thread an update may be running in it.
+     */
     virtual void UnregisterEventSink(ParamEventSink *sink) = 0;
 
 protected:

@@ -39,7 +39,8 @@ enum class Reach {
 struct CameraSetup
 {
     Model model = Model::Plain;
-    std::string serialNumber; ///< also the end of the identifier; made up when empty
+    /** Also the end of the identifier. Its first 16 printable ASCII characters count; made up when there are none. */
+    std::string serialNumber;
     std::string userName; ///< DeviceUserID
     Reach reach = Reach::Open;
     bool slowLink = false; ///< USB3 Vision on a USB 2 link
@@ -51,13 +52,16 @@ MOXSDK_EXPORT void resetWorld();
 /** Empties the simulated world. Cameras that are open are lost to their users. */
 MOXSDK_EXPORT void clearWorld();
 
-/** Adds an interface behind those that are there. @p type is a `MoxCam::InterfaceType`. Gives its identifier. */
+/**
+ * Adds an interface behind those that are there. @p type is a `MoxCam::InterfaceType`; another one
+ * throws std::invalid_argument. Gives its identifier.
+ */
 MOXSDK_EXPORT std::string addInterface(int type, const std::string &description);
 MOXSDK_EXPORT void removeInterface(const std::string &interfaceId);
 
 /**
  * Plugs a new camera into an interface and gives its identifier. Throws std::runtime_error with the reason when the
- * setup's description file cannot be used.
+ * setup's description file cannot be used, and std::invalid_argument for a model that does not exist.
  */
 MOXSDK_EXPORT std::string addCamera(const std::string &interfaceId, const CameraSetup &setup);
 MOXSDK_EXPORT void removeCamera(const std::string &cameraId);

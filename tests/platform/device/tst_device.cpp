@@ -1,5 +1,6 @@
 // Opened cameras: their parameters, their events, and their end.
 #include "device/device.h"
+#include "device/eventthread.h"
 
 #include "fakelink.h"
 
@@ -62,7 +63,7 @@ public:
     std::function<void()> action;
 };
 
-/** Blocks one thread until another one lets it go on, a little later. */
+/** Blocks one thread until another one lets it go on. */
 class Barrier
 {
 public:
@@ -73,21 +74,13 @@ public:
         left = true;
     }
     void waitUntilBlocked() { m_inside.acquire(); }
-    void openSoon()
-    {
-        m_opener = std::thread([this] {
-            QThread::msleep(50);
-            m_goOn.release();
-        });
-    }
-    ~Barrier() { m_opener.join(); }
+    void open() { m_goOn.release(); }
 
     std::atomic<bool> left{false};
 
 private:
     QSemaphore m_inside;
     QSemaphore m_goOn;
-    std::thread m_opener;
 };
 
 struct Releaser
@@ -139,6 +132,7 @@ private Q_SLOTS:
     void releaseWaitsForTheInvalidation();
     void releaseInsideTheCallback();
     void releaseInsideAnUpdate();
+    void endBesideARunningEvent();
 };
 
 void TestDevice::unusableDescription()
@@ -229,7 +223,7 @@ void TestDevice::unregisterWaitsForTheCallback()
     // Another registration is free to go meanwhile.
     s.device->UnregisterEvent(disconnected, record<disconnected>, &s.second);
     QVERIFY(!barrier.left);
-    barrier.openSoon();
+    barrier.open();
     s.device->UnregisterEvent(disconnected, record<disconnected>, &s.first);
     QVERIFY(barrier.left);
     QCOMPARE(s.second.taken(), Events());
@@ -243,7 +237,7 @@ void TestDevice::releaseWaitsForTheCallback()
     for (bool isThere : {false, true, false})
         s.change(isThere);
     barrier.waitUntilBlocked();
-    barrier.openSoon();
+    barrier.open();
     s.device.reset();
     QVERIFY(barrier.left);
 
@@ -262,7 +256,7 @@ void TestDevice::releaseWaitsForTheInvalidation()
     GenApi::Register(s.params->GetNodeMap(nullptr)->GetNode("Width"), [&](GenApi::INode *) { barrier.block(); });
     s.change(false);
     barrier.waitUntilBlocked();
-    barrier.openSoon();
+    barrier.open();
     s.device.reset();
     QVERIFY(barrier.left);
 }
@@ -303,6 +297,17 @@ void TestDevice::releaseInsideAnUpdate()
     QCOMPARE(s.first.taken(), Events());
     QCOMPARE(s.camera.links.load(), 1);
     QTRY_COMPARE(s.camera.links.load(), 0);
+}
+
+/** The last test: after it the program must end although the event thread never comes back. */
+void TestDevice::endBesideARunningEvent()
+{
+    QSemaphore running;
+    MoxSdk::EventThread::instance().post([&] {
+        running.release();
+        QSemaphore().acquire();
+    });
+    running.acquire();
 }
 
 MOX_TEST_MAIN(TestDevice)

@@ -170,8 +170,13 @@ void TestInterface::discoveriesOnSeveralThreads()
     std::thread discovery([&] { interface.ReDiscoverDevices(nullptr, 200); });
     inside.acquire();
     QCOMPARE(ids(interface), "ab");
+    // Who cannot wait for it leaves without one.
+    bool changed = true;
+    interface.ReDiscoverDevices(&changed, 1);
+    QVERIFY(!changed);
     goOn.release();
     discovery.join();
+    QCOMPARE(ids(interface), "ab");
 
     // Two discoveries take turns.
     std::atomic<int> running{0};

@@ -1,6 +1,7 @@
 // Loss and return of an opened camera, over a channel that fails on command.
 #include "../../../platform/network/cameralink.h"
 
+#include <QSemaphore>
 #include <QTest>
 
 using namespace MoxSdk;
@@ -167,16 +168,18 @@ void TestCameraLink::lossBeforeThereIsAListener()
 
 void TestCameraLink::listenerTakenAway()
 {
-    std::atomic<bool> entered{false};
+    QSemaphore entered;
+    QSemaphore goOn;
     std::atomic<bool> left{false};
     const auto link = open();
     link->setListener([&](bool) {
-        entered = true;
-        std::this_thread::sleep_for(std::chrono::milliseconds(100));
+        entered.release();
+        goOn.acquire();
         left = true;
     });
     m_cable->plugged = false;
-    QTRY_VERIFY(entered);
+    entered.acquire();
+    goOn.release();
     link->setListener({});
     QVERIFY(left);
 }

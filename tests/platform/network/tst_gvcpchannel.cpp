@@ -183,6 +183,14 @@ void TestGvcpChannel::pending()
     channel->write("abcd", 0x1000, 4);
     QVERIFY(std::chrono::steady_clock::now() - start >= std::chrono::seconds(1));
     QCOMPARE(shown(responder.takeCommands()), QStringLiteral("86@1000+4 86@1000+4"));
+
+    // One that never stops asking is given up, without another try.
+    GvcpResponder endless(beyondBootstrap([](const Command &command) {
+        return Packets(100, acknowledge(0x89, command.id, {0, 0, 0xff, 0xff}));
+    }));
+    const auto slow = open(endless);
+    QVERIFY_EXCEPTION_THROWN(slow->write("abcd", 0x1000, 4), GenICam_3_0::TimeoutException);
+    QCOMPARE(shown(endless.takeCommands()), QStringLiteral("86@1000+4"));
 }
 
 void TestGvcpChannel::control()
@@ -213,7 +221,11 @@ void TestGvcpChannel::returnAtAnotherAddress()
 {
     auto camera = std::make_unique<GvcpResponder>(GvcpResponder::Intercept(), 0x7f000002);
     const std::uint16_t port = camera->port;
-    GigEInterface interface("GEV::lo", loopback(), port);
+    // The adapter comes back with another number and another netmask, too.
+    Adapter before = loopback();
+    before.index = 1u << 30;
+    before.netmask = 0xffffffff;
+    GigEInterface interface("GEV::lo", before, port);
     DeviceRecord record;
     record.id = "Maker-A model name that fills 32 bytes-S1-001A2B3C4D5E";
     record.ipAddress = 0x7f000002;
@@ -251,6 +263,14 @@ void TestGvcpChannel::descriptions_data()
     row("text, padded", "Local:a.xml;2000;60", xml, xml);
     row("schema, blanks, other case", "LOCAL:a b.xml; 2000; 53 ?SchemaVersion=1.1.0", xml, xml);
     row("archive", "Local:a.zip;2000;8a", zip, xml);
+    const auto changed = [&](int at, const char *bytes) { return QByteArray(zip).replace(at, 4, bytes, 4); };
+    row("archive, padded", "Local:a.zip;2000;9a", zip, xml);
+    row("archive, directory elsewhere", "Local:a.zip;2000;8a", changed(0x84, "\xff\xff\xff\xff"), {});
+    row("archive, file elsewhere", "Local:a.zip;2000;8a", changed(0x6b, "\x80\0\0\0"), {});
+    row("archive, long name", "Local:a.zip;2000;8a", changed(0x1a, "\xff\xff\0\0"), {});
+    row("archive, packed length beyond the end", "Local:a.zip;2000;8a", changed(0x55, "\xff\xff\xff\xff"), {});
+    row("archive, unpacked length too long", "Local:a.zip;2000;8a", changed(0x59, "\1\0\0\1"), {});
+    row("archive, more inside than it says", "Local:a.zip;2000;8a", changed(0x59, "\x52\0\0\0"), {});
     row("archive cut short", "Local:a.zip;2000;40", zip.left(0x40), {});
     row("no archive after all", "Local:a.zip;2000;2", zip, {});
     row("in the second place", "File:a.xml", xml, xml, "Local:a.xml;2000;53");

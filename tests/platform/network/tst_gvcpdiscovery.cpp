@@ -26,9 +26,9 @@ GvcpResponder::Intercept to(Code code, const Answers &answers)
     };
 }
 
-std::vector<DeviceRecord> discover(const GvcpResponder &responder)
+std::vector<DeviceRecord> discover(const GvcpResponder &responder, std::chrono::milliseconds time = limit)
 {
-    return GvcpDiscovery(loopback(), responder.port).run(limit);
+    return GvcpDiscovery(loopback(), responder.port).run(time);
 }
 
 } // namespace
@@ -109,10 +109,11 @@ void TestGvcpDiscovery::answersThatDoNotCount()
 
 void TestGvcpDiscovery::severalCameras()
 {
-    // The first camera that is asked for its privilege is in use.
+    // The second camera that is asked for its privilege is in use. The answer for the first one comes from the address
+    // of the second one, and does not count.
     GvcpResponder responder([held = std::uint16_t(0)](const Command &command) mutable -> std::optional<Packets> {
         if (command.code == ReadRegister) {
-            held = held ? held : command.id;
+            held = held ? held : std::uint16_t(command.id + 1);
             return Packets{acknowledge(0x81, command.id, {0, 0, 0, std::uint8_t(command.id == held ? 2 : 0)})};
         }
         const auto answer = [id = command.id](std::uint64_t mac, std::uint32_t ip, const char *serial) {
@@ -124,10 +125,12 @@ void TestGvcpDiscovery::severalCameras()
     const auto records = discover(responder);
     const std::vector<std::string> ids{model + "000000000007", model + "S1-00000000000B", model + "S1-127.0.0.1",
                                        model + "S1-127.0.0.2"};
+    const int statuses[] = {MoxCam::AccessReadWrite, MoxCam::AccessReadWrite, MoxCam::AccessNoAccess,
+                            MoxCam::AccessUnknown};
     QCOMPARE(records.size(), ids.size());
     for (std::size_t i = 0; i < ids.size(); ++i) {
         QCOMPARE(records[i].id, ids[i]);
-        QCOMPARE(records[i].accessStatus, int(i == 3 ? MoxCam::AccessNoAccess : MoxCam::AccessReadWrite));
+        QCOMPARE(records[i].accessStatus, statuses[i]);
     }
 }
 
@@ -135,10 +138,11 @@ void TestGvcpDiscovery::accessStatus_data()
 {
     QTest::addColumn<Answers>("answers");
     QTest::addColumn<int>("status");
+    QTest::addColumn<int>("time");
     const auto row = [](const char *name, const Packet &payload, std::uint16_t status, int expected) {
         QTest::newRow(name) << Answers([=](std::uint16_t id) {
             return Packets{acknowledge(0x81, id, payload, status)};
-        }) << expected;
+        }) << expected << int(limit.count());
     };
     row("free", {0, 0, 0, 0}, 0, MoxCam::AccessReadWrite);
     row("free, switchover allowed", {0, 0, 0, 4}, 0, MoxCam::AccessReadWrite);
@@ -147,17 +151,19 @@ void TestGvcpDiscovery::accessStatus_data()
     row("denied", {}, 0x8006, MoxCam::AccessNoAccess);
     row("refused otherwise", {}, 0x8007, MoxCam::AccessUnknown);
     row("short", {0, 0, 0}, 0, MoxCam::AccessUnknown);
-    QTest::newRow("silent") << Answers([](std::uint16_t) { return Packets(); }) << int(MoxCam::AccessUnknown);
+    QTest::newRow("silent") << Answers([](std::uint16_t) { return Packets(); }) << int(MoxCam::AccessUnknown)
+                            << int(limit.count());
     QTest::newRow("first question lost") << Answers([asked = std::make_shared<int>(0)](std::uint16_t id) {
         return ++*asked == 1 ? Packets() : Packets{acknowledge(0x81, id, {0, 0, 0, 2})};
-    }) << int(MoxCam::AccessNoAccess);
+    }) << int(MoxCam::AccessNoAccess) << 2000;
 }
 
 void TestGvcpDiscovery::accessStatus()
 {
     QFETCH(Answers, answers);
+    QFETCH(int, time);
     GvcpResponder responder(to(ReadRegister, answers));
-    const auto records = discover(responder);
+    const auto records = discover(responder, std::chrono::milliseconds(time));
     QCOMPARE(records.size(), std::size_t(1));
     QTEST(records[0].accessStatus, "status");
 }

@@ -2,9 +2,8 @@
 #include "../../../platform/device/deviceinfo.h"
 #include "../../../platform/genapi/nodemapfactory.h"
 #include "../../../platform/network/networkbackend.h"
+#include "cameraprogram.h"
 
-#include <QProcess>
-#include <QStandardPaths>
 #include <QTest>
 
 #include <atomic>
@@ -18,6 +17,7 @@ constexpr int patience = 20000;
 const char *const serial = "MOX-TEST-1";
 
 constexpr std::int64_t widthRegister = 0x100;
+constexpr std::int64_t lineTimeRegisterOfFrameB = 0xB51C;
 
 /** Discovers on an interface; the camera of this test, or null. */
 MoxCam::DeviceInfo *discovered(Interface &interface)
@@ -42,16 +42,16 @@ class TestNetworkCamera : public QObject
 private Q_SLOTS:
     void initTestCase();
     void init() { startCamera(); }
-    void cleanup() { stopCamera(); }
+    void cleanup() { m_camera.stop(); }
     void interfaces();
     void discoveryAndFacts();
     void features();
+    void ownDescription();
     void busyForASecondLink();
     void lossAndReturn();
 
 private:
-    void startCamera();
-    void stopCamera();
+    void startCamera(const QString &description = QString());
     int accessStatus()
     {
         m_loopback->ReDiscoverDevices(nullptr, 200);
@@ -61,12 +61,12 @@ private:
     std::unique_ptr<Backend> m_backend;
     Interface *m_loopback = nullptr;
     DeviceInfo *m_info = nullptr;
-    QProcess m_camera;
+    MoxTest::CameraProgram m_camera{QLatin1String(serial)};
 };
 
 void TestNetworkCamera::initTestCase()
 {
-    if (QStandardPaths::findExecutable(QStringLiteral("arv-fake-gv-camera-0.8")).isEmpty())
+    if (!MoxTest::CameraProgram::isInstalled())
         QSKIP("The camera program of aravis-tools is not installed");
     m_backend = createNetworkBackend();
     for (Interface *interface : m_backend->interfaces()) {
@@ -76,18 +76,10 @@ void TestNetworkCamera::initTestCase()
     QVERIFY(m_loopback);
 }
 
-void TestNetworkCamera::startCamera()
+void TestNetworkCamera::startCamera(const QString &description)
 {
-    m_camera.start(QStringLiteral("arv-fake-gv-camera-0.8"),
-                   {QStringLiteral("-i"), QStringLiteral("127.0.0.1"), QStringLiteral("-s"), QLatin1String(serial)});
-    QVERIFY(m_camera.waitForStarted());
+    QVERIFY(m_camera.start(description));
     QTRY_VERIFY_WITH_TIMEOUT((m_info = static_cast<DeviceInfo *>(discovered(*m_loopback))), patience);
-}
-
-void TestNetworkCamera::stopCamera()
-{
-    m_camera.kill();
-    m_camera.waitForFinished();
 }
 
 void TestNetworkCamera::interfaces()
@@ -118,7 +110,7 @@ void TestNetworkCamera::discoveryAndFacts()
     QTRY_COMPARE(accessStatus(), int(MoxCam::AccessReadWrite));
 
     const DeviceInfo *const before = m_info;
-    stopCamera();
+    m_camera.stop();
     QVERIFY(!discovered(*m_loopback));
     startCamera();
     QCOMPARE(m_info, before);
@@ -136,6 +128,27 @@ void TestNetworkCamera::features()
     link->port().Read(word, widthRegister, 4);
     QCOMPARE(int(word[2]) << 8 | word[3], 320);
     QCOMPARE(width->GetValue(false, true), std::int64_t(320));
+}
+
+void TestNetworkCamera::ownDescription()
+{
+    m_camera.stop();
+    startCamera(QStringLiteral(MOX_FRAMEAB_DESCRIPTION));
+    const auto link = m_loopback->openLink(m_info->record());
+    const auto nodeMap = MoxGenApi::createNodeMap(link->description(), link->port(), "camera");
+    const GenApi::CEnumerationPtr frame = nodeMap->GetNode("FrameAB_Selector");
+    const GenApi::CIntegerPtr lineTime = nodeMap->GetNode("Frame_LineTime");
+    QVERIFY(frame && lineTime);
+
+    // Each frame has registers of its own; the program's memory starts out as zeros there.
+    frame->FromString("FrameB");
+    lineTime->SetValue(4321);
+    QCOMPARE(lineTime->GetValue(false, true), std::int64_t(4321));
+    unsigned char word[4] = {};
+    link->port().Read(word, lineTimeRegisterOfFrameB, 4);
+    QCOMPARE(int(word[2]) << 8 | word[3], 4321);
+    frame->FromString("FrameA");
+    QCOMPARE(lineTime->GetValue(), std::int64_t(0));
 }
 
 void TestNetworkCamera::busyForASecondLink()
@@ -161,7 +174,7 @@ void TestNetworkCamera::lossAndReturn()
     std::atomic<int> returns{0};
     link->setListener([&](bool connected) { ++(connected ? returns : losses); });
 
-    stopCamera();
+    m_camera.stop();
     QTRY_COMPARE_WITH_TIMEOUT(int(losses), 1, patience);
     char byte = 0;
     QVERIFY_EXCEPTION_THROWN(link->port().Read(&byte, widthRegister, 1), GenICam_3_0::TimeoutException);

@@ -353,9 +353,11 @@ void TestSimulatedWorld::camerasAreAdded()
     QVERIFY(picture(*m_backend).endsWith(QLatin1String("Sim::CL0 3\n  Moxara_MX-2K-C_U3_AB_12 3\n")));
     QCOMPARE(thrown([&] { addCamera("Sim::U3V0", setup); }),
              QStringLiteral("runtime: There is a camera Moxara_MX-2K-C_U3_AB_12 already"));
-    setup.serialNumber.clear();
+    setup.serialNumber = "\n\xc3\xa4";
     QCOMPARE(addCamera("Sim::U3V0", setup), std::string("Moxara_MX-2K-C_U3_000007"));
-    QCOMPARE(cameras("Sim::U3V0").size(), std::size_t(3));
+    setup.serialNumber = "0123456\t789ABCDEFGH";
+    QCOMPARE(addCamera("Sim::U3V0", setup), std::string("Moxara_MX-2K-C_U3_0123456789ABCDEF"));
+    QCOMPARE(cameras("Sim::U3V0").size(), std::size_t(4));
 }
 
 void TestSimulatedWorld::unknownIdentifiers()
@@ -375,6 +377,15 @@ void TestSimulatedWorld::unknownIdentifiers()
     QCOMPARE(thrown([] { removeInterface("nobody"); }), interface);
     QCOMPARE(thrown([] { setInterfacePlugged("nobody", true); }), interface);
     QCOMPARE(thrown([] { setDiscoveryTime("nobody", 1); }), interface);
+    for (int type : {-1, 6, 40})
+        QVERIFY(thrown([=] { addInterface(type, ""); }).startsWith(QLatin1String("argument: ")));
+    CameraSetup setup;
+    setup.model = Model(3);
+    QCOMPARE(thrown([&] { addCamera("Sim::U3V0", setup); }), QStringLiteral("argument: There is no such camera model"));
+    setup = CameraSetup();
+    setup.descriptionFile = "/";
+    QCOMPARE(thrown([&] { addCamera("Sim::U3V0", setup); }),
+             QStringLiteral("runtime: The description / cannot be read"));
 }
 
 void TestSimulatedWorld::userNames()
