@@ -47,6 +47,7 @@ private Q_SLOTS:
     void rescan();
     void oddAnswers();
     void throwingSystem();
+    void rescanThrows();
 };
 
 void TestDeviceTreeModel::metatypes()
@@ -305,6 +306,36 @@ void TestDeviceTreeModel::throwingSystem()
     World world;
     world.b->deviceLists = ListAnswer::Throw;
     QVERIFY_EXCEPTION_THROWN(DeviceTreeModel(&world.system, nullptr), std::runtime_error);
+    QCOMPARE(world.system.openLists.load(), 0);
+}
+
+void TestDeviceTreeModel::rescanThrows()
+{
+    World world;
+    DeviceTreeModel model(&world.system, nullptr);
+    QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::QtTest);
+    fetchAll(model);
+    QSignalSpy reset(&model, &QAbstractItemModel::modelReset);
+
+    // What was found before the failure is shown.
+    world.b->deviceLists = ListAnswer::Throw;
+    QVERIFY_EXCEPTION_THROWN(model.rescan(), std::runtime_error);
+    QCOMPARE(reset.count(), 1);
+    fetchAll(model);
+    QCOMPARE(outline(model), std::string("A[a1 a2 ]B[]"));
+
+    world.system.interfaceLists = ListAnswer::Throw;
+    QVERIFY_EXCEPTION_THROWN(model.rescan(), std::runtime_error);
+    QCOMPARE(reset.count(), 2);
+    fetchAll(model);
+    QCOMPARE(outline(model), std::string());
+
+    world.system.interfaceLists = ListAnswer::List;
+    world.b->deviceLists = ListAnswer::List;
+    model.rescan();
+    QCOMPARE(reset.count(), 3);
+    fetchAll(model);
+    QCOMPARE(outline(model), world.system.outline());
     QCOMPARE(world.system.openLists.load(), 0);
 }
 

@@ -9,6 +9,7 @@
 #include <QDialogButtonBox>
 #include <QPushButton>
 #include <QSignalSpy>
+#include <QTimer>
 #include <QTreeView>
 
 #include <random>
@@ -146,6 +147,7 @@ private Q_SLOTS:
     void signalsCoalesce();
     void rescan();
     void pollThread();
+    void pollThreadOnThrowingSystem();
     void destroyedWhilePolling();
     void storm();
     void stormBesideThread();
@@ -366,6 +368,27 @@ void TestSelectorDialog::pollThread()
     QCOMPARE(scene.current(), QStringLiteral("A"));
 }
 
+void TestSelectorDialog::pollThreadOnThrowingSystem()
+{
+    Scene scene;
+    scene.select("a2");
+    QSignalSpy reset(scene.model, &QAbstractItemModel::modelReset);
+    const std::string before = scene.system.outline();
+    const int enumerations = scene.system.interfaceListCalls;
+    scene.system.interfaceLists = ListAnswer::Throw;
+    scene.a->unplug(scene.a1);
+    scene.box->click();
+    QTRY_VERIFY(scene.system.interfaceListCalls >= enumerations + 2); // the thread outlives the first failure
+    QCOMPARE(reset.count(), 0);
+    QCOMPARE(outline(*scene.model), before);
+    QCOMPARE(scene.dialog->selectedCamera(), scene.a2);
+
+    scene.system.interfaceLists = ListAnswer::List;
+    QTRY_COMPARE(reset.count(), 1);
+    QVERIFY(scene.allExpanded());
+    QCOMPARE(scene.dialog->selectedCamera(), scene.a2);
+}
+
 void TestSelectorDialog::destroyedWhilePolling()
 {
     Scene scene(true);
@@ -408,12 +431,25 @@ void TestSelectorDialog::storm()
 
 void TestSelectorDialog::stormBesideThread()
 {
+    constexpr int eventsEach = 400;
     Scene scene(true);
     scene.dialog->show();
+    scene.system.discoveryTime = 100;
     Storm storm(scene);
-    for (int i = 0; i < 2000; ++i) {
-        storm.event();
-        QCoreApplication::processEvents();
+    int events = 0;
+    QTimer gusts;
+    connect(&gusts, &QTimer::timeout, this, [&] {
+        for (int i = 0; i < 10; ++i)
+            storm.event();
+        events += 10;
+        if (events % eventsEach == 0)
+            gusts.stop();
+    });
+    for (int enumeration = 1; enumeration <= 5; ++enumeration) {
+        const int before = scene.system.interfaceListCalls;
+        QTRY_VERIFY(scene.system.interfaceListCalls > before);
+        gusts.start(1); // while it is still discovering
+        QTRY_COMPARE(events, eventsEach * enumeration);
     }
     storm.calm();
     QTRY_COMPARE(outline(*scene.model), scene.system.outline());
