@@ -1,6 +1,7 @@
 #include "deviceinfo.h"
 
 #include "../params/textpool.h"
+#include "dottedaddress.h"
 #include "interface.h"
 
 #include <algorithm>
@@ -153,6 +154,9 @@ const char *DeviceInfo::GetGateway(MoxCamErr *err)
 
 MoxCamErr DeviceInfo::ForceIP(std::uint32_t ip, std::uint32_t netmask, std::uint32_t gateway)
 {
+    // No address at all makes the camera look for one by itself.
+    if (GetInterface()->GetType() == MoxCam::InterfaceGigEVision && ip != 0 && !isHostAddress(ip, netmask))
+        return MoxCamError::GenTLInvalidParameter;
     return d->interface.forceIp(record(), ip, netmask, gateway);
 }
 

@@ -25,6 +25,8 @@ struct DeviceRecord
     std::uint32_t ipAddress = 0;
     std::uint32_t netmask = 0;
     std::uint32_t gateway = 0;
+    // USB3 Vision only.
+    std::uint32_t usbVersion = 0; ///< that the link runs at, 0x0300 for 3.0; 0 when it is not known
 };
 
 /** "vendor model (serial number)", without what is empty. */

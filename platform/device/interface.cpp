@@ -1,8 +1,11 @@
 #include "interface.h"
 
 #include "deviceinfo.h"
+#include "dottedaddress.h"
 #include "elementlist.h"
 #include "eventsource.h"
+#include "interfacedescription.h"
+#include "interfacemodule.h"
 
 #include <condition_variable>
 #include <mutex>
@@ -14,25 +17,35 @@ namespace MoxSdk {
 class InterfacePrivate
 {
 public:
-    InterfacePrivate(int transport, std::string identifier, std::string text, std::string number)
-        : type(transport), id(std::move(identifier)), description(std::move(text)), version(std::move(number))
+    InterfacePrivate(int transport, std::string identifier, std::string text, std::string number,
+                     const AdapterFacts &facts)
+        : type(transport),
+          id(std::move(identifier)),
+          description(std::move(text)),
+          version(std::move(number)),
+          adapter(facts)
     { }
 
     const int type;
     const std::string id;
     const std::string description;
     const std::string version;
+    const AdapterFacts adapter;
 
     const std::shared_ptr<EventSource> events = std::make_shared<EventSource>();
     std::mutex mutex; // guards what follows, and is free while a discovery looks around
     bool discovering = false; // one at a time
     std::condition_variable discovered;
     std::unordered_map<std::string, std::unique_ptr<DeviceInfo>> known;
-    std::vector<MoxCam::DeviceInfo *> shown;
+    std::vector<DeviceInfo *> shown;
+
+    std::mutex makingModule;
+    std::unique_ptr<InterfaceModule> module; // last: it asks the interface
 };
 
-Interface::Interface(int type, std::string id, std::string description, std::string version)
-    : d(std::make_unique<InterfacePrivate>(type, std::move(id), std::move(description), std::move(version)))
+Interface::Interface(int type, std::string id, std::string description, std::string version,
+                     const AdapterFacts &adapter)
+    : d(std::make_unique<InterfacePrivate>(type, std::move(id), std::move(description), std::move(version), adapter))
 { }
 
 Interface::~Interface()
@@ -43,12 +56,16 @@ Interface::~Interface()
 MoxCam::DeviceInfoList *Interface::GetDeviceInfoList()
 {
     const std::lock_guard<std::mutex> lock(d->mutex);
-    return new ElementList<MoxCam::DeviceInfoList, MoxCam::DeviceInfo>(d->shown);
+    return new ElementList<MoxCam::DeviceInfoList, MoxCam::DeviceInfo>({d->shown.begin(), d->shown.end()});
 }
 
-MoxCam::DeviceInfo *Interface::ConnectByIp(const char *)
+MoxCam::DeviceInfo *Interface::ConnectByIp(const char *ipAddress)
 {
-    return nullptr;
+    const std::optional<std::uint32_t> address = parseDotted(ipAddress ? ipAddress : "");
+    if (!address || d->type != MoxCam::InterfaceGigEVision)
+        return nullptr;
+    const std::optional<DeviceRecord> record = findByAddress(*address);
+    return record ? keep(*record) : nullptr;
 }
 
 void Interface::ReDiscoverDevices(bool *changed, std::uint32_t timeout)
@@ -65,7 +82,7 @@ void Interface::ReDiscoverDevices(bool *changed, std::uint32_t timeout)
     }
     const std::vector<DeviceRecord> records = discover(limit);
 
-    std::vector<MoxCam::DeviceInfo *> found;
+    std::vector<DeviceInfo *> found;
     std::unordered_set<DeviceInfo *> seen;
     for (const DeviceRecord &record : records) {
         DeviceInfo *info = keep(record);
@@ -109,14 +126,35 @@ void Interface::RegisterEventCallback(std::uint32_t eventId, MoxCam::EventCallba
 
 MoxGenParam::Array *Interface::GetParameters(MoxCamErr *err)
 {
+    const std::lock_guard<std::mutex> lock(d->makingModule);
+    const std::string text = d->module ? std::string() : interfaceDescription(d->type);
+    if (!text.empty())
+        d->module = std::make_unique<InterfaceModule>(*this, d->adapter, text);
     if (err)
-        *err = MoxCamError::GenTLNotAvailable;
-    return nullptr;
+        *err = d->module ? MoxCamError::Success : MoxCamError::GenTLNotAvailable;
+    return d->module ? &d->module->parameters() : nullptr;
+}
+
+std::size_t Interface::deviceCount() const
+{
+    const std::lock_guard<std::mutex> lock(d->mutex);
+    return d->shown.size();
+}
+
+DeviceInfo *Interface::listedDevice(std::size_t position) const
+{
+    const std::lock_guard<std::mutex> lock(d->mutex);
+    return position < d->shown.size() ? d->shown[position] : nullptr;
 }
 
 MoxCamErr Interface::forceIp(const DeviceRecord &, std::uint32_t, std::uint32_t, std::uint32_t)
 {
     return MoxCamError::GenTLNotImplemented;
+}
+
+std::optional<DeviceRecord> Interface::findByAddress(std::uint32_t)
+{
+    return std::nullopt;
 }
 
 DeviceInfo *Interface::keep(const DeviceRecord &record)

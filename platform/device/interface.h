@@ -4,11 +4,13 @@
 
 #include <MoxCameraApi/MoxCam.h>
 
+#include "adapterfacts.h"
 #include "devicerecord.h"
 #include "link.h"
 
 #include <chrono>
 #include <memory>
+#include <optional>
 #include <vector>
 
 namespace MoxSdk {
@@ -23,7 +25,7 @@ class InterfacePrivate;
 class Interface : public MoxCam::Interface
 {
 public:
-    Interface(int type, std::string id, std::string description, std::string version);
+    Interface(int type, std::string id, std::string description, std::string version, const AdapterFacts &adapter = {});
     virtual ~Interface();
     Interface(const Interface &) = delete;
     Interface &operator=(const Interface &) = delete;
@@ -36,17 +38,26 @@ public:
     const char *GetID() override;
     const char *GetVersion() override;
     void RegisterEventCallback(std::uint32_t eventId, MoxCam::EventCallback callback, void *context) override;
+    /** Made at the first call; null, with "not available", for a transport that has none. */
     MoxGenParam::Array *GetParameters(MoxCamErr *err) override;
+
+    // The list that discovery gave last.
+    std::size_t deviceCount() const;
+    /** Null beyond the last one. */
+    DeviceInfo *listedDevice(std::size_t position) const;
 
     /** Opens a camera that was found here. Throws a GenICam exception that says why it cannot. */
     virtual std::unique_ptr<Link> openLink(const DeviceRecord &record) = 0;
-    /** Assigns an address; the answer of a transport that has none is "not implemented". */
+    /** Assigns an address that passed `DeviceInfo::ForceIP`; "not implemented" for a transport that has none. */
     virtual MoxCamErr forceIp(const DeviceRecord &record, std::uint32_t ip, std::uint32_t netmask,
                               std::uint32_t gateway);
 
 protected:
     /** Looks for cameras, for at most @p limit, and gives them in a stable order. Must not throw. */
     virtual std::vector<DeviceRecord> discover(std::chrono::milliseconds limit) = 0;
+
+    /** Asks for a camera at an address, for half a second at most; nothing when none answers. Must not throw. */
+    virtual std::optional<DeviceRecord> findByAddress(std::uint32_t address);
 
     /** The kept object of a camera, brought up to date. It joins the list only when a discovery finds it. Never null. */
     DeviceInfo *keep(const DeviceRecord &record);

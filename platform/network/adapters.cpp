@@ -1,10 +1,11 @@
 #include "adapters.h"
 
-#include <arpa/inet.h>
 #include <ifaddrs.h>
 #include <memory>
 #include <net/if.h>
 #include <netinet/in.h>
+#include <netpacket/packet.h>
+#include <sstream>
 
 namespace MoxSdk {
 
@@ -13,6 +14,22 @@ namespace {
 std::uint32_t hostOrder(const sockaddr *address)
 {
     return ntohl(reinterpret_cast<const sockaddr_in *>(address)->sin_addr.s_addr);
+}
+
+std::uint64_t hardwareAddress(const ifaddrs *entries, unsigned int index)
+{
+    for (const ifaddrs *entry = entries; entry; entry = entry->ifa_next) {
+        if (!entry->ifa_addr || entry->ifa_addr->sa_family != AF_PACKET)
+            continue;
+        const auto *link = reinterpret_cast<const sockaddr_ll *>(entry->ifa_addr);
+        if (static_cast<unsigned int>(link->sll_ifindex) != index || link->sll_halen != 6)
+            continue;
+        std::uint64_t address = 0;
+        for (int i = 0; i < 6; ++i)
+            address = address << 8 | link->sll_addr[i];
+        return address;
+    }
+    return 0;
 }
 
 } // namespace
@@ -37,9 +54,24 @@ std::vector<Adapter> readAdapters()
         adapter.isLoopback = entry->ifa_flags & IFF_LOOPBACK;
         adapter.address = hostOrder(entry->ifa_addr);
         adapter.netmask = hostOrder(entry->ifa_netmask);
+        adapter.macAddress = hardwareAddress(first, adapter.index);
         adapters.push_back(adapter);
     }
     return adapters;
+}
+
+std::uint32_t defaultGateway(std::istream &routes, const std::string &adapterName)
+{
+    for (std::string line; std::getline(routes, line);) {
+        std::istringstream columns(line);
+        std::string name;
+        // The bytes of an address as they lie in memory.
+        std::uint32_t destination = 0;
+        std::uint32_t gateway = 0;
+        if (columns >> name >> std::hex >> destination >> gateway && name == adapterName && destination == 0)
+            return ntohl(gateway);
+    }
+    return 0;
 }
 
 } // namespace MoxSdk

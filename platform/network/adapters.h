@@ -3,6 +3,7 @@
 #define MOXSDK_ADAPTERS_H
 
 #include <cstdint>
+#include <iosfwd>
 #include <string>
 #include <vector>
 
@@ -14,6 +15,7 @@ struct Adapter
     std::string name;
     unsigned int index = 0; ///< the system's number for the adapter
     bool isLoopback = false;
+    std::uint64_t macAddress = 0; ///< 6 bytes, the first one on top; 0 without one
     std::uint32_t address = 0;
     std::uint32_t netmask = 0;
 
@@ -23,6 +25,9 @@ struct Adapter
 
 /** The addresses of adapters that are up and reach more than one peer, in the system's order. */
 std::vector<Adapter> readAdapters();
+
+/** The default gateway that is reached through an adapter, in the system's table of routes; 0 when there is none. */
+std::uint32_t defaultGateway(std::istream &routes, const std::string &adapterName);
 
 } // namespace MoxSdk
 

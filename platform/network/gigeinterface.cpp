@@ -3,8 +3,10 @@
 #include "cameralink.h"
 #include "gvcpchannel.h"
 #include "gvcpdiscovery.h"
+#include "gvcpforceip.h"
 
 #include <algorithm>
+#include <fstream>
 
 namespace MoxSdk {
 
@@ -20,10 +22,44 @@ Adapter current(const Adapter &adapter)
     return found == adapters.end() ? adapter : *found;
 }
 
+AdapterFacts facts(const Adapter &adapter)
+{
+    std::ifstream routes("/proc/net/route");
+    return {adapter.macAddress, adapter.address, adapter.netmask, defaultGateway(routes, adapter.name)};
+}
+
+/** A quick search for one camera, at whatever address it is now. */
+std::optional<DeviceRecord> findById(const Adapter &adapter, std::uint16_t port, const std::string &id)
+{
+    const auto records = GvcpDiscovery(adapter, port).run(std::chrono::milliseconds(200));
+    const auto found =
+        std::find_if(records.begin(), records.end(), [&](const DeviceRecord &candidate) { return candidate.id == id; });
+    return found == records.end() ? std::nullopt : std::optional(*found);
+}
+
+MoxCamErr resultOf(std::uint16_t status)
+{
+    switch (status) {
+    case Gvcp::Success:
+        return MoxCamError::Success;
+    case Gvcp::NotImplemented:
+        return MoxCamError::GenTLNotImplemented;
+    case Gvcp::InvalidParameter:
+        return MoxCamError::GenTLInvalidParameter;
+    case Gvcp::AccessDenied:
+        return MoxCamError::GenTLAccessDenied;
+    case Gvcp::Busy:
+        return MoxCamError::GenTLResourceInUse;
+    default:
+        return MoxCamError::GenTLError;
+    }
+}
+
 } // namespace
 
 GigEInterface::GigEInterface(const std::string &id, const Adapter &adapter, std::uint16_t port)
-    : Interface(MoxCam::InterfaceGigEVision, id, adapter.name + " (" + dotted(adapter.address) + ')', "2.0"),
+    : Interface(MoxCam::InterfaceGigEVision, id, adapter.name + " (" + dotted(adapter.address) + ')', "2.0",
+                facts(adapter)),
       m_adapter(adapter),
       m_port(port)
 { }
@@ -41,19 +77,50 @@ std::unique_ptr<Link> GigEInterface::openLink(const DeviceRecord &record)
     // A camera that was switched off and on again may have another address.
     const auto reopens = [kept = m_adapter, port = m_port, id = record.id]() -> std::unique_ptr<Channel> {
         const Adapter present = current(kept);
-        const auto records = GvcpDiscovery(present, port).run(std::chrono::milliseconds(200));
-        const auto found = std::find_if(records.begin(), records.end(),
-                                        [&](const DeviceRecord &candidate) { return candidate.id == id; });
-        if (found == records.end() || !present.contains(found->ipAddress))
+        const std::optional<DeviceRecord> found = findById(present, port, id);
+        if (!found || !present.contains(found->ipAddress))
             throw TIMEOUT_EXCEPTION("the camera is not found");
         return std::make_unique<GvcpChannel>(present, found->ipAddress, port);
     };
     return std::make_unique<CameraLink>(opens, reopens);
 }
 
+MoxCamErr GigEInterface::forceIp(const DeviceRecord &record, std::uint32_t ip, std::uint32_t netmask,
+                                 std::uint32_t gateway)
+{
+    // A camera program without a hardware address would not be the only one that hears it.
+    if (record.macAddress == 0)
+        return MoxCamError::GenTLInvalidParameter;
+    const Adapter adapter = current(m_adapter);
+    const auto status = forceIpThrough(adapter, m_port, {record.macAddress, ip, netmask, gateway});
+    if (status && *status != Gvcp::Success)
+        return resultOf(*status);
+    // Some cameras change their address without a word, others say yes and need a while for it.
+    const std::optional<DeviceRecord> found = findById(adapter, m_port, record.id);
+    const bool arrived = found && ip != 0 && found->ipAddress == ip;
+    if (!status && !arrived)
+        return MoxCamError::GenTLTimeout;
+    if (arrived) {
+        keep(*found);
+    } else if (ip != 0) {
+        DeviceRecord expected = record;
+        expected.ipAddress = ip;
+        expected.netmask = netmask;
+        expected.gateway = gateway;
+        expected.accessStatus = adapter.contains(ip) ? MoxCam::AccessUnknown : MoxCam::AccessSubnetMismatch;
+        keep(expected);
+    }
+    return MoxCamError::Success;
+}
+
 std::vector<DeviceRecord> GigEInterface::discover(std::chrono::milliseconds limit)
 {
     return GvcpDiscovery(current(m_adapter), m_port).run(limit);
+}
+
+std::optional<DeviceRecord> GigEInterface::findByAddress(std::uint32_t address)
+{
+    return GvcpDiscovery(current(m_adapter), m_port).find(address, std::chrono::milliseconds(500));
 }
 
 } // namespace MoxSdk

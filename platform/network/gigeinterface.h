@@ -15,9 +15,13 @@ public:
     GigEInterface(const std::string &id, const Adapter &adapter, std::uint16_t port = Gvcp::standardPort);
 
     std::unique_ptr<Link> openLink(const DeviceRecord &record) override;
+    /** Takes up to 1.2 s, most of it when the camera does not answer. */
+    MoxCamErr forceIp(const DeviceRecord &record, std::uint32_t ip, std::uint32_t netmask,
+                      std::uint32_t gateway) override;
 
 protected:
     std::vector<DeviceRecord> discover(std::chrono::milliseconds limit) override;
+    std::optional<DeviceRecord> findByAddress(std::uint32_t address) override;
 
 private:
     const Adapter m_adapter; // as it was when it appeared; its name and address stay

@@ -13,6 +13,7 @@ enum Flag : std::uint8_t { AcknowledgeRequired = 0x01, BroadcastAnswerAllowed = 
 
 enum Command : std::uint16_t {
     Discovery = 0x0002,
+    ForceIp = 0x0004,
     ReadRegister = 0x0080,
     WriteRegister = 0x0082,
     ReadMemory = 0x0084,
@@ -32,6 +33,15 @@ enum DiscoveryOffset : std::size_t {
     SerialNumberAt = 0xd8,
     UserDefinedNameAt = 0xe8,
     DiscoveryLength = 0xf8
+};
+
+// Places in the payload of a request to take an address; the bytes between them are reserved.
+enum ForceIpOffset : std::size_t {
+    ForcedMacAddressAt = 0x02,
+    ForcedIpAddressAt = 0x14,
+    ForcedNetmaskAt = 0x24,
+    ForcedGatewayAt = 0x34,
+    ForceIpLength = 0x38
 };
 
 void append16(Packet &packet, std::size_t value)
@@ -90,6 +100,20 @@ std::uint16_t nextRequestId()
 Packet discoveryCommand(std::uint16_t id)
 {
     return command(Discovery, id, 0, AcknowledgeRequired | BroadcastAnswerAllowed);
+}
+
+Packet forceIpCommand(std::uint16_t id, const AddressAssignment &assignment)
+{
+    Packet packet = command(ForceIp, id, ForceIpLength, AcknowledgeRequired | BroadcastAnswerAllowed);
+    packet.resize(headerLength + ForceIpLength);
+    std::uint8_t *const payload = packet.data() + headerLength;
+    payload[ForcedMacAddressAt] = static_cast<std::uint8_t>(assignment.macAddress >> 40);
+    payload[ForcedMacAddressAt + 1] = static_cast<std::uint8_t>(assignment.macAddress >> 32);
+    storeWord(payload + ForcedMacAddressAt + 2, static_cast<std::uint32_t>(assignment.macAddress));
+    storeWord(payload + ForcedIpAddressAt, assignment.ipAddress);
+    storeWord(payload + ForcedNetmaskAt, assignment.netmask);
+    storeWord(payload + ForcedGatewayAt, assignment.gateway);
+    return packet;
 }
 
 Packet readRegisterCommand(std::uint16_t id, std::uint32_t address)

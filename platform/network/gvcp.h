@@ -21,6 +21,7 @@ constexpr std::size_t maximumBlock = 512;
 /** Acknowledges that commands are answered with; an acknowledge is its command's number plus one. */
 enum Answer : std::uint16_t {
     DiscoveryAck = 0x0003,
+    ForceIpAck = 0x0005,
     ReadRegisterAck = 0x0081,
     WriteRegisterAck = 0x0083,
     ReadMemoryAck = 0x0085,
@@ -57,6 +58,17 @@ std::uint16_t nextRequestId();
 
 /** Asks every camera that hears it who it is, also those whose answer must be a broadcast. */
 Packet discoveryCommand(std::uint16_t id);
+/** Tells the camera with a hardware address, in whatever subnet it is, to take an address until its next start. */
+struct AddressAssignment
+{
+    std::uint64_t macAddress = 0;
+    std::uint32_t ipAddress = 0; ///< 0: the camera is to look for an address by itself
+    std::uint32_t netmask = 0;
+    std::uint32_t gateway = 0;
+};
+/** Allows an answer by broadcast too: the camera may not be able to send to this host yet. */
+Packet forceIpCommand(std::uint16_t id, const AddressAssignment &assignment);
+
 Packet readRegisterCommand(std::uint16_t id, std::uint32_t address);
 Packet writeRegisterCommand(std::uint16_t id, std::uint32_t address, std::uint32_t value);
 /** @p address and @p length are multiples of 4, @p length at most `maximumBlock`; so for writing. */

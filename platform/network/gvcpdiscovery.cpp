@@ -2,8 +2,6 @@
 
 #include <algorithm>
 #include <cstdio>
-#include <netinet/in.h>
-#include <set>
 
 namespace MoxSdk {
 
@@ -29,44 +27,52 @@ GvcpDiscovery::GvcpDiscovery(const Adapter &adapter, std::uint16_t port)
 
 std::vector<DeviceRecord> GvcpDiscovery::run(std::chrono::milliseconds limit)
 {
-    const auto start = UdpSocket::Clock::now();
-    if (!m_socket.listen())
-        return {};
-
-    // Datagrams get lost: the search is repeated half-way, and what nobody answered is asked again in each round.
-    constexpr int rounds = 4;
-    for (int round = 0; round < rounds; ++round) {
-        const bool searches = round % 2 == 0;
-        if (searches && !sendDiscovery() && round == 0)
-            return {};
-        for (const auto &[id, camera] : m_cameras)
-            askPrivilege(camera);
-        const auto deadline = start + limit * (round + 1) / rounds;
-        while (UdpSocket::Clock::now() < deadline) {
-            if (const auto datagram = m_socket.receive(deadline))
-                handle(*datagram);
-        }
-    }
-
+    const Gvcp::Packet command = Gvcp::discoveryCommand(m_discoveryId);
+    const auto ask = [&](int round) {
+        return round % 2 != 0 || m_socket.broadcastThrough(m_adapter, m_port, command) || round > 0;
+    };
+    search(limit, ask, [] { return false; });
     std::vector<DeviceRecord> records;
     for (const auto &[id, camera] : m_cameras)
         records.push_back(camera.record);
     return records;
 }
 
-bool GvcpDiscovery::sendDiscovery()
+std::optional<DeviceRecord> GvcpDiscovery::find(std::uint32_t address, std::chrono::milliseconds limit)
 {
-    // The general broadcast reaches cameras of other subnets, the directed one passes where the general one is
-    // filtered, and a program on the loopback adapter may listen on its address alone.
-    std::set<std::uint32_t> destinations{INADDR_BROADCAST, m_adapter.broadcast()};
-    if (m_adapter.isLoopback)
-        destinations.insert(m_adapter.address);
-
     const Gvcp::Packet command = Gvcp::discoveryCommand(m_discoveryId);
-    bool sent = false;
-    for (std::uint32_t destination : destinations)
-        sent |= m_socket.sendThrough(m_adapter, destination, m_port, command);
-    return sent;
+    const auto found = [&] {
+        return std::find_if(m_cameras.begin(), m_cameras.end(),
+                            [&](const auto &entry) { return entry.second.record.ipAddress == address; });
+    };
+    const auto ask = [&](int) {
+        return found() != m_cameras.end() || m_socket.sendThrough(m_adapter, address, m_port, command);
+    };
+    search(limit, ask, [&] { return found() != m_cameras.end() && found()->second.privilegeId == 0; });
+    return found() == m_cameras.end() ? std::nullopt : std::optional(found()->second.record);
+}
+
+template<class Ask, class IsDone> void GvcpDiscovery::search(std::chrono::milliseconds limit, Ask ask, IsDone isDone)
+{
+    const auto start = UdpSocket::Clock::now();
+    if (!m_socket.listen())
+        return;
+
+    // Datagrams get lost: the search is repeated half-way, and what nobody answered is asked again in each round.
+    constexpr int rounds = 4;
+    for (int round = 0; round < rounds; ++round) {
+        if (!ask(round))
+            return;
+        for (const auto &[id, camera] : m_cameras)
+            askPrivilege(camera);
+        const auto deadline = start + limit * (round + 1) / rounds;
+        while (UdpSocket::Clock::now() < deadline) {
+            if (isDone())
+                return;
+            if (const auto datagram = m_socket.receive(deadline))
+                handle(*datagram);
+        }
+    }
 }
 
 void GvcpDiscovery::askPrivilege(const Camera &camera)

@@ -6,6 +6,8 @@
 #include "udpsocket.h"
 
 #include <map>
+#include <optional>
+#include <vector>
 
 namespace MoxSdk {
 
@@ -26,6 +28,11 @@ public:
      *  - unknown, when it did not answer the question who controls it: opening it tells.
      */
     std::vector<DeviceRecord> run(std::chrono::milliseconds limit);
+    /**
+     * As `run`, for the camera at one address, which may be one that no broadcast reaches; back as soon as all is known
+     * of it.
+     */
+    std::optional<DeviceRecord> find(std::uint32_t address, std::chrono::milliseconds limit);
 
 private:
     struct Camera
@@ -34,7 +41,8 @@ private:
         std::uint16_t privilegeId = 0; ///< the id of the open question for its privilege, or 0
     };
 
-    bool sendDiscovery();
+    /** @p ask is called at each round's begin and ends the search with false, as @p isDone does at any time. */
+    template<class Ask, class IsDone> void search(std::chrono::milliseconds limit, Ask ask, IsDone isDone);
     void askPrivilege(const Camera &camera);
     void handle(const UdpSocket::Datagram &datagram);
     void addCamera(const Gvcp::DiscoveryAnswer &answer);

@@ -5,6 +5,7 @@
 #include <cstring>
 #include <netinet/in.h>
 #include <poll.h>
+#include <set>
 #include <sys/socket.h>
 #include <unistd.h>
 
@@ -92,6 +93,19 @@ bool UdpSocket::sendThrough(const Adapter &adapter, std::uint32_t destination, s
     header->cmsg_len = CMSG_LEN(sizeof information);
     std::memcpy(CMSG_DATA(header), &information, sizeof information);
     return ::sendmsg(m_descriptor, &message, 0) == static_cast<ssize_t>(packet.size());
+}
+
+bool UdpSocket::broadcastThrough(const Adapter &adapter, std::uint16_t port, const Gvcp::Packet &packet)
+{
+    // The general broadcast reaches cameras of other subnets, the directed one passes where the general one is
+    // filtered, and a program on the loopback adapter may listen on its address alone.
+    std::set<std::uint32_t> destinations{INADDR_BROADCAST, adapter.broadcast()};
+    if (adapter.isLoopback)
+        destinations.insert(adapter.address);
+    bool sent = false;
+    for (std::uint32_t destination : destinations)
+        sent |= sendThrough(adapter, destination, port, packet);
+    return sent;
 }
 
 std::optional<UdpSocket::Datagram> UdpSocket::receive(Clock::time_point deadline)

@@ -38,6 +38,8 @@ public:
     bool send(const Gvcp::Packet &packet);
     /** Out of one adapter, whatever the routes say; false when the system refuses. */
     bool sendThrough(const Adapter &adapter, std::uint32_t destination, std::uint16_t port, const Gvcp::Packet &packet);
+    /** As `sendThrough`, to all that an adapter reaches, also in other subnets; false when none of it went out. */
+    bool broadcastThrough(const Adapter &adapter, std::uint16_t port, const Gvcp::Packet &packet);
 
     /** The next datagram; nothing at the deadline, and before it when the peer's machine says that nobody listens. */
     std::optional<Datagram> receive(Clock::time_point deadline);

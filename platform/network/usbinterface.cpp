@@ -2,6 +2,7 @@
 
 #include "cameralink.h"
 #include "usbchannel.h"
+#include "usbversion.h"
 
 #include <algorithm>
 
@@ -19,6 +20,8 @@ std::unique_ptr<Link> UsbInterface::openLink(const DeviceRecord &record)
 std::vector<DeviceRecord> UsbInterface::discover(std::chrono::milliseconds)
 {
     std::vector<DeviceRecord> records = UsbChannel::cameras();
+    for (DeviceRecord &record : records)
+        record.usbVersion = usbVersion("/sys/bus/usb/devices", record);
     std::sort(records.begin(), records.end(),
               [](const DeviceRecord &left, const DeviceRecord &right) { return left.id < right.id; });
     return records;

@@ -39,12 +39,20 @@ void Camera::writeIdentity()
     registers.setText("DeviceUserID", record.userDefinedName);
     registers.setInteger("MacAddressHighReg", static_cast<std::int64_t>(record.macAddress >> 32));
     registers.setInteger("MacAddressLowReg", static_cast<std::int64_t>(record.macAddress & 0xFFFFFFFF));
-    registers.setInteger("CurrentIPAddressReg", record.ipAddress);
-    registers.setInteger("CurrentSubnetMaskReg", record.netmask);
-    registers.setInteger("CurrentGatewayReg", record.gateway);
+    writeAddresses();
     // The links of USB 2 and USB 3, as USB3 Vision numbers them.
     registers.setInteger("LinkSpeedReg", m_plan.slowLink ? 4 : 8);
     m_firmware->derive();
+}
+
+void Camera::writeAddresses()
+{
+    if (!m_firmware)
+        return;
+    CameraRegisters &registers = m_firmware->registers();
+    registers.setInteger("CurrentIPAddressReg", m_plan.record.ipAddress);
+    registers.setInteger("CurrentSubnetMaskReg", m_plan.record.netmask);
+    registers.setInteger("CurrentGatewayReg", m_plan.record.gateway);
 }
 
 DeviceRecord Camera::record() const
@@ -101,14 +109,32 @@ void Camera::setReach(MoxSim::Reach reach, std::uint32_t ipAddress)
     const std::lock_guard<std::mutex> lock(m_mutex);
     m_plan.reach = reach;
     m_plan.record.ipAddress = ipAddress;
-    if (m_firmware)
-        m_firmware->registers().setInteger("CurrentIPAddressReg", ipAddress);
+    writeAddresses();
 }
 
 MoxSim::Reach Camera::reach() const
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
     return m_plan.reach;
+}
+
+MoxCamErr Camera::forceIp(const AdapterFacts &adapter, std::uint32_t ip, std::uint32_t netmask, std::uint32_t gateway)
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    // It is told by broadcast, which this reach does not hear.
+    if (!m_plugged || !m_interfacePlugged || m_plan.reach == MoxSim::Reach::Undiscovered)
+        return MoxCamError::GenTLTimeout;
+    if (m_plan.reach == MoxSim::Reach::Busy || m_controller)
+        return MoxCamError::GenTLAccessDenied;
+    // The camera is to find an address by itself: it takes the one that it has.
+    if (ip == 0)
+        return MoxCamError::Success;
+    m_plan.reach = adapter.contains(ip) ? MoxSim::Reach::Open : MoxSim::Reach::WrongSubnet;
+    m_plan.record.ipAddress = ip;
+    m_plan.record.netmask = netmask;
+    m_plan.record.gateway = gateway;
+    writeAddresses();
+    return MoxCamError::Success;
 }
 
 void Camera::setUserName(const std::string &userName)

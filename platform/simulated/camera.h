@@ -2,6 +2,7 @@
 #ifndef MOXSDK_SIMULATEDCAMERA_H
 #define MOXSDK_SIMULATEDCAMERA_H
 
+#include "../device/adapterfacts.h"
 #include "../device/devicerecord.h"
 #include "../device/link.h"
 #include "firmware.h"
@@ -61,6 +62,8 @@ public:
     void setInterfacePlugged(bool plugged);
     void setReach(MoxSim::Reach reach, std::uint32_t ipAddress);
     MoxSim::Reach reach() const;
+    /** Takes an address, which puts the camera inside or outside the adapter's subnet. The result is the SDK's. */
+    MoxCamErr forceIp(const AdapterFacts &adapter, std::uint32_t ip, std::uint32_t netmask, std::uint32_t gateway);
     void setUserName(const std::string &userName);
 
     void setAccessDelay(std::chrono::milliseconds delay);
@@ -83,6 +86,7 @@ private:
     /** Changes what makes the camera reachable and tells the link when that made a difference. */
     template<typename Change> void changePresence(const Change &change);
     void writeIdentity();
+    void writeAddresses();
 
     mutable std::mutex m_mutex;
     CameraPlan m_plan;

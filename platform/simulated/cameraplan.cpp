@@ -76,12 +76,26 @@ std::string nameIn(const std::string &text, const std::string &attribute, const 
 
 } // namespace
 
+AdapterFacts adapterFacts(int interfaceType, unsigned interfaceNumber)
+{
+    if (interfaceType != MoxCam::InterfaceGigEVision)
+        return {};
+    AdapterFacts facts;
+    // A locally administered address: nobody's product. Those of the cameras follow it.
+    facts.macAddress = 0x024D58000000 + (std::uint64_t(interfaceNumber) << 16);
+    const std::uint32_t net = 0xC0A80A00 + (interfaceNumber << 8);
+    facts.ipAddress = net + 1;
+    facts.netmask = 0xFFFFFF00;
+    facts.gateway = net + 254;
+    return facts;
+}
+
 std::uint32_t cameraAddress(const CameraPosition &position, MoxSim::Reach reach)
 {
     if (position.interfaceType != MoxCam::InterfaceGigEVision)
         return 0;
-    const std::uint32_t net =
-        reach == MoxSim::Reach::WrongSubnet ? 0xAC100500 : 0xC0A80A00 + (position.interfaceNumber << 8);
+    const AdapterFacts adapter = adapterFacts(position.interfaceType, position.interfaceNumber);
+    const std::uint32_t net = reach == MoxSim::Reach::WrongSubnet ? 0xAC100500 : adapter.ipAddress & adapter.netmask;
     return net + 10 + position.cameraNumber;
 }
 
@@ -110,12 +124,13 @@ CameraPlan planCamera(const MoxSim::CameraSetup &setup, const CameraPosition &po
     std::replace(record.id.begin(), record.id.end(), ' ', '_');
     record.displayName = displayName(record);
     if (position.interfaceType == MoxCam::InterfaceGigEVision) {
-        // A locally administered address: nobody's product.
-        record.macAddress =
-            0x024D58000000 + (std::uint64_t(position.interfaceNumber) << 16) + position.cameraNumber + 1;
+        const AdapterFacts adapter = adapterFacts(position.interfaceType, position.interfaceNumber);
+        record.macAddress = adapter.macAddress + position.cameraNumber + 1;
         record.ipAddress = cameraAddress(position, setup.reach);
-        record.netmask = 0xFFFFFF00;
+        record.netmask = adapter.netmask;
         record.gateway = 0;
+    } else if (position.interfaceType == MoxCam::InterfaceUsb3Vision) {
+        record.usbVersion = setup.slowLink ? 0x0210 : 0x0300;
     }
     return plan;
 }

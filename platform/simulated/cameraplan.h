@@ -2,6 +2,7 @@
 #ifndef MOXSDK_CAMERAPLAN_H
 #define MOXSDK_CAMERAPLAN_H
 
+#include "../device/adapterfacts.h"
 #include "camera.h"
 
 namespace MoxSdk {
@@ -16,6 +17,9 @@ struct CameraPosition
 
 /** The plan of a camera; the setup has its serial number. Throws std::runtime_error when its file cannot be used. */
 CameraPlan planCamera(const MoxSim::CameraSetup &setup, const CameraPosition &position);
+
+/** The adapter of an interface; all zero for a transport without a network. */
+AdapterFacts adapterFacts(int interfaceType, unsigned interfaceNumber);
 
 /** The camera's address, which lies outside the adapter's subnet for the reach that says so. 0 without addresses. */
 std::uint32_t cameraAddress(const CameraPosition &position, MoxSim::Reach reach);

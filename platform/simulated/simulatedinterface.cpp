@@ -1,5 +1,6 @@
 #include "simulatedinterface.h"
 
+#include "cameraplan.h"
 #include "simulatedlink.h"
 
 #include <Base/GCException.h>
@@ -31,16 +32,30 @@ const char *transportVersion(int type)
 } // namespace
 
 SimulatedInterface::SimulatedInterface(const InterfaceFacts &facts)
-    : Interface(facts.type, facts.id, facts.description, transportVersion(facts.type)), m_facts(facts)
+    : Interface(facts.type, facts.id, facts.description, transportVersion(facts.type),
+                adapterFacts(facts.type, facts.number)),
+      m_facts(facts)
 { }
 
 std::unique_ptr<Link> SimulatedInterface::openLink(const DeviceRecord &record)
 {
-    for (const std::shared_ptr<Camera> &camera : World::instance().pluggedCameras(m_facts)) {
-        if (camera->id() == record.id)
-            return std::make_unique<SimulatedLink>(camera);
-    }
+    if (const std::shared_ptr<Camera> camera = find(record.id))
+        return std::make_unique<SimulatedLink>(camera);
     throw ACCESS_EXCEPTION("%s is not there any more", record.displayName.c_str());
+}
+
+MoxCamErr SimulatedInterface::forceIp(const DeviceRecord &record, std::uint32_t ip, std::uint32_t netmask,
+                                      std::uint32_t gateway)
+{
+    if (GetType() != MoxCam::InterfaceGigEVision)
+        return MoxCamError::GenTLNotImplemented;
+    const std::shared_ptr<Camera> camera = find(record.id);
+    if (!camera)
+        return MoxCamError::GenTLTimeout;
+    const MoxCamErr result = camera->forceIp(adapterFacts(m_facts.type, m_facts.number), ip, netmask, gateway);
+    if (result == MoxCamError::Success)
+        keep(camera->record());
+    return result;
 }
 
 std::vector<DeviceRecord> SimulatedInterface::discover(std::chrono::milliseconds limit)
@@ -53,6 +68,25 @@ std::vector<DeviceRecord> SimulatedInterface::discover(std::chrono::milliseconds
             result.push_back(camera->record());
     }
     return result;
+}
+
+std::optional<DeviceRecord> SimulatedInterface::findByAddress(std::uint32_t address)
+{
+    for (const std::shared_ptr<Camera> &camera : World::instance().pluggedCameras(m_facts)) {
+        const DeviceRecord record = camera->record();
+        if (record.ipAddress == address)
+            return record;
+    }
+    return std::nullopt;
+}
+
+std::shared_ptr<Camera> SimulatedInterface::find(const std::string &id) const
+{
+    for (const std::shared_ptr<Camera> &camera : World::instance().pluggedCameras(m_facts)) {
+        if (camera->id() == id)
+            return camera;
+    }
+    return nullptr;
 }
 
 } // namespace MoxSdk

@@ -17,11 +17,17 @@ public:
     explicit SimulatedInterface(const InterfaceFacts &facts);
 
     std::unique_ptr<Link> openLink(const DeviceRecord &record) override;
+    MoxCamErr forceIp(const DeviceRecord &record, std::uint32_t ip, std::uint32_t netmask,
+                      std::uint32_t gateway) override;
 
 protected:
     std::vector<DeviceRecord> discover(std::chrono::milliseconds limit) override;
+    std::optional<DeviceRecord> findByAddress(std::uint32_t address) override;
 
 private:
+    /** Null when it is not plugged. */
+    std::shared_ptr<Camera> find(const std::string &id) const;
+
     const InterfaceFacts m_facts;
 };
 

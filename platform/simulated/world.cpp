@@ -111,11 +111,10 @@ std::string World::addInterfaceLocked(int type, const std::string &description)
     unsigned number = 0;
     for (const Interface &other : m_interfaces) {
         if (other.facts.type == type)
-            number = std::max(number, other.number + 1);
+            number = std::max(number, other.facts.number + 1);
     }
     Interface interface;
-    interface.facts = {"Sim::" + std::string(typeName(type)) + std::to_string(number), description, type};
-    interface.number = number;
+    interface.facts = {"Sim::" + std::string(typeName(type)) + std::to_string(number), description, type, number};
     m_interfaces.push_back(interface);
     return interface.facts.id;
 }
@@ -149,7 +148,7 @@ std::string World::addCameraLocked(const std::string &interfaceId, const MoxSim:
         std::snprintf(digits, sizeof digits, "%06u", m_nextSerialNumber++);
         serial = digits;
     }
-    CameraPlan plan = planCamera(complete, {interface.facts.type, interface.number, interface.nextCamera});
+    CameraPlan plan = planCamera(complete, {interface.facts.type, interface.facts.number, interface.nextCamera});
     if (hasCamera(plan.record.id))
         throw std::runtime_error("There is a camera " + plan.record.id + " already");
     auto camera = std::make_shared<Camera>(std::move(plan), sinceStart);
@@ -205,7 +204,8 @@ void World::setReach(const std::string &cameraId, MoxSim::Reach reach)
     const std::lock_guard<std::mutex> lock(m_mutex);
     Interface *interface = nullptr;
     const Place *place = findPlace(cameraId, &interface);
-    place->camera->setReach(reach, cameraAddress({interface->facts.type, interface->number, place->number}, reach));
+    place->camera->setReach(reach,
+                            cameraAddress({interface->facts.type, interface->facts.number, place->number}, reach));
 }
 
 std::shared_ptr<Camera> World::camera(const std::string &id) const

@@ -18,6 +18,7 @@ struct InterfaceFacts
     std::string id;
     std::string description;
     int type = 0;
+    unsigned number = 0; ///< counts the interfaces of a type and makes their addresses
 };
 
 /**
@@ -60,7 +61,6 @@ private:
     struct Interface
     {
         InterfaceFacts facts;
-        unsigned number = 0; ///< counts the interfaces of a type
         bool plugged = true;
         std::chrono::milliseconds discoveryTime{0};
         unsigned nextCamera = 0;

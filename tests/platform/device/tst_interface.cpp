@@ -25,8 +25,16 @@ public:
     using Interface::keep;
     using Interface::notify;
 
+    MoxCamErr forceIp(const DeviceRecord &, std::uint32_t, std::uint32_t, std::uint32_t) override
+    {
+        ++forced;
+        return MoxCamError::GenTLResourceInUse;
+    }
+
     std::vector<DeviceRecord> records;
     std::function<void()> onDiscover;
+    int forced = 0;
+    std::vector<std::uint32_t> asked; ///< for a camera at an address
 
 protected:
     std::vector<DeviceRecord> discover(std::chrono::milliseconds limit) override
@@ -34,6 +42,11 @@ protected:
         if (onDiscover)
             onDiscover();
         return limit.count() == 200 ? records : std::vector<DeviceRecord>();
+    }
+    std::optional<DeviceRecord> findByAddress(std::uint32_t address) override
+    {
+        asked.push_back(address);
+        return records.empty() ? std::nullopt : std::optional(records.front());
     }
 };
 
@@ -88,6 +101,8 @@ private Q_SLOTS:
     void discoveries();
     void objectsStay();
     void addresses();
+    void connectByIp();
+    void forceIp();
     void discoveriesOnSeveralThreads();
     void notifications();
 };
@@ -153,7 +168,55 @@ void TestInterface::addresses()
     QCOMPARE(camera1.GetGateway(nullptr), "0.0.0.0");
     QCOMPARE(camera2.GetNetmask(&err), "");
     QCOMPARE(err, MoxCamError::GenTLNotAvailable);
-    QCOMPARE(camera2.ForceIP(1, 2, 3), MoxCamError::GenTLNotImplemented);
+}
+
+void TestInterface::connectByIp()
+{
+    FakeInterface interface;
+    QVERIFY(!interface.ConnectByIp("1.2.3.4"));
+    interface.records = {camera("a")};
+    for (const char *text : {"",           ".",
+                             "...",        "1.2.3",
+                             "1.2.3.",     ".1.2.3",
+                             "1..2.3",     "1.2.3.4.",
+                             "1.2.3.4.5",  "1.2.3.256",
+                             "1.2.3.0004", "1.2.3.99999999999999999999",
+                             "1.2.3.-4",   "1.2.3.+4",
+                             " 1.2.3.4",   "1.2.3.4 ",
+                             "1.2. 3.4",   "1.2.3.4\n",
+                             "0x1.2.3.4",  "1.2.3.a",
+                             "3232238093", "1,2,3,4",
+                             "1.2.3.4/24", "1.2.3.4:3956",
+                             "camera",     "\xd9\xa1.2.3.4"})
+        QVERIFY2(!interface.ConnectByIp(text), text);
+    QVERIFY(!interface.ConnectByIp(nullptr));
+    MoxCam::DeviceInfo *info = interface.ConnectByIp("192.168.10.255");
+    QVERIFY(info);
+    // It is the kept one, and joins the list when discovery finds it too.
+    QCOMPARE(ids(interface), "");
+    QCOMPARE(interface.ConnectByIp("010.0.0.09"), info);
+    discover(interface, "a");
+    QCOMPARE(shown(interface), std::vector<MoxCam::DeviceInfo *>{info});
+    QCOMPARE(interface.asked, (std::vector<std::uint32_t>{0x01020304, 0xC0A80AFF, 0x0A000009}));
+    FakeInterface usb(MoxCam::InterfaceUsb3Vision);
+    usb.records = {camera("a")};
+    QVERIFY(!usb.ConnectByIp("1.2.3.4"));
+}
+
+void TestInterface::forceIp()
+{
+    FakeInterface interface;
+    DeviceInfo info(interface, camera("a"));
+    using Pair = std::pair<std::uint32_t, std::uint32_t>;
+    for (const auto &[ip, netmask] : {Pair(0xC0A80A0D, 0xFFFFFF00), Pair(0xC0A80A0D, 0xFFFFFFFC), Pair(0, 0)})
+        QCOMPARE(info.ForceIP(ip, netmask, 0), MoxCamError::GenTLResourceInUse);
+    // The subnet's own, broadcast, multicast, a first byte of zero; no mask, with a gap, upside down, without hosts.
+    for (const auto &[ip, netmask] :
+         {Pair(0xC0A80A00, 0xFFFFFF00), Pair(0xC0A80AFF, 0xFFFFFF00), Pair(0xFFFFFFFF, 0xFFFFFF00),
+          Pair(0xE0000001, 0xFFFFFF00), Pair(0x00010203, 0xFF000000), Pair(0xC0A80A0D, 0), Pair(0xC0A80A0D, 0xFF00FF00),
+          Pair(0xC0A80A0D, 0x000000FF), Pair(0xC0A80A0D, 0xFFFFFFFF)})
+        QCOMPARE(info.ForceIP(ip, netmask, 0), MoxCamError::GenTLInvalidParameter);
+    QCOMPARE(interface.forced, 3);
 }
 
 void TestInterface::discoveriesOnSeveralThreads()

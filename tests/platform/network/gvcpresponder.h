@@ -19,7 +19,13 @@ namespace MoxTest {
 
 using MoxSdk::Gvcp::Packet;
 
-enum Code : std::uint16_t { Discovery = 0x02, ReadRegister = 0x80, ReadMemory = 0x84, WriteMemory = 0x86 };
+enum Code : std::uint16_t {
+    Discovery = 0x02,
+    ForceIp = 0x04,
+    ReadRegister = 0x80,
+    ReadMemory = 0x84,
+    WriteMemory = 0x86
+};
 
 inline MoxSdk::Adapter loopback()
 {
@@ -67,6 +73,7 @@ public:
         std::uint16_t id = 0;
         std::uint32_t address = 0;
         std::size_t length = 0; ///< of a memory access
+        Packet packet; ///< as it came in
     };
     using Packets = std::vector<Packet>;
     /** Runs on the responder's thread; no value leaves the answer to the responder. */
@@ -96,6 +103,11 @@ public:
 
     std::uint16_t port = 0;
 
+    void setIp(std::uint32_t address)
+    {
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        m_ip = address;
+    }
     std::string bytes(std::uint32_t address, std::size_t length)
     {
         const std::lock_guard<std::mutex> lock(m_mutex);
@@ -130,7 +142,7 @@ private:
             if (m_intercept)
                 answers = m_intercept(command);
             if (!answers)
-                answers = Packets{answer(command, packet)};
+                answers = answer(command, packet);
             for (const Packet &sent : *answers)
                 ::sendto(m_descriptor, sent.data(), sent.size(), 0, peerAddress, peerLength);
         }
@@ -139,7 +151,7 @@ private:
     Command parsed(const Packet &packet)
     {
         const auto word = [&](std::size_t at) { return at < packet.size() ? MoxSdk::Gvcp::loadWord(&packet[at]) : 0; };
-        Command command{std::uint16_t(word(0)), std::uint16_t(word(4)), word(8) & 0xffff, 0};
+        Command command{std::uint16_t(word(0)), std::uint16_t(word(4)), word(8) & 0xffff, 0, packet};
         if (command.code == ReadMemory)
             command.length = word(12);
         else if (command.code == WriteMemory)
@@ -149,25 +161,32 @@ private:
         return command;
     }
 
-    Packet answer(const Command &command, const Packet &packet)
+    Packets answer(const Command &command, const Packet &packet)
     {
         const std::lock_guard<std::mutex> lock(m_mutex);
         const auto place = m_memory.begin() + command.address;
         Packet payload(4);
-        if (command.code == Discovery)
-            payload = facts(0x001a2b3c4d5e, 0x7f000001, "S1");
+        if (command.code == ForceIp) {
+            const Packet meant(packet.begin() + 10, packet.begin() + 16);
+            if (meant != Packet{0x00, 0x1a, 0x2b, 0x3c, 0x4d, 0x5e})
+                return {};
+            m_ip = MoxSdk::Gvcp::loadWord(&packet[28]);
+            payload.clear();
+        } else if (command.code == Discovery)
+            payload = facts(0x001a2b3c4d5e, m_ip, "S1");
         else if (command.code == ReadRegister)
             payload.assign(place, place + 4);
         else if (command.code == ReadMemory)
             payload.insert(payload.end(), place, place + std::ptrdiff_t(command.length));
         else // both ways of writing
             std::copy(packet.begin() + 12, packet.end(), place);
-        return acknowledge(std::uint16_t(command.code + 1), command.id, payload);
+        return {acknowledge(std::uint16_t(command.code + 1), command.id, payload)};
     }
 
     const Intercept m_intercept;
     const int m_descriptor = ::socket(AF_INET, SOCK_DGRAM, 0);
     std::mutex m_mutex;
+    std::uint32_t m_ip = 0x7f000001;
     std::string m_memory = std::string(0x10000, '\0');
     std::vector<Command> m_commands;
     std::thread m_thread;
