@@ -38,7 +38,10 @@ public:
     /** Waits for the watching thread, up to a second and the time of one enumeration. */
     ~MoxCameraSelectorDialog() override;
 
-    /** The camera that is current in the tree; null when an interface or nothing is. It belongs to the system. */
+    /**
+     * The camera that was reached by its address; otherwise the one that is current in the tree, and null when an
+     * interface or nothing is. It belongs to the system.
+     */
     MoxCam::DeviceInfo *selectedCamera() const;
     /** Ignores its argument and changes nothing. */
     void setSelectedCamera(MoxCam::DeviceInfo *camera);

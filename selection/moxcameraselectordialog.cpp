@@ -3,9 +3,11 @@
 #include "devicetreemodel.h"
 #include "moxcameraselectordialog_p.h"
 #include "sdkmetatypes.h"
+#include "treeviewresizer.h"
 
 #include "ui_moxcameraselectordialog.h"
 
+#include <QMenu>
 #include <QPushButton>
 
 #include <chrono>
@@ -42,6 +44,9 @@ void MoxCameraSelectorDialogPrivate::Init(MoxCameraSelectorDialog *dialog, MoxCa
 {
     q = dialog;
     ui->setupUi(q);
+    // Children of the panels, whose hidden headers leave nothing to grab.
+    new TreeViewResizer(ui->interfaceInfoTreeView);
+    new TreeViewResizer(ui->deviceInfoTreeView);
 
     // Text and height: room for the caption and the frame around it.
     ui->setIpBtn->setMinimumWidth(ui->setIpBtn->fontMetrics().horizontalAdvance(ui->setIpBtn->text())
@@ -52,6 +57,13 @@ void MoxCameraSelectorDialogPrivate::Init(MoxCameraSelectorDialog *dialog, MoxCa
     rescanButton->setEnabled(false);
     ui->buttonBox->addButton(rescanButton, QDialogButtonBox::ActionRole);
 
+    deviceMenu = new QMenu(q);
+    QObject::connect(deviceMenu->addAction(MoxCameraSelectorDialog::tr("Set IP Address")), &QAction::triggered,
+                     &forwarder, [this] { setIpAddress(); });
+    interfaceMenu = new QMenu(q);
+    QObject::connect(interfaceMenu->addAction(MoxCameraSelectorDialog::tr("Connect by IP Address")),
+                     &QAction::triggered, &forwarder, [this] { connectByIpAddress(); });
+
     model = new DeviceTreeModel(system, q);
     QTreeView *view = ui->cameraTreeView;
     view->setModel(model);
@@ -61,7 +73,10 @@ void MoxCameraSelectorDialogPrivate::Init(MoxCameraSelectorDialog *dialog, MoxCa
         [this](const QModelIndex &current, const QModelIndex &previous) { onCurrentChanged(current, previous); });
     QObject::connect(view, &QAbstractItemView::activated, ui->buttonBox->button(QDialogButtonBox::Ok),
                      &QAbstractButton::click);
+    QObject::connect(view, &QWidget::customContextMenuRequested, &forwarder,
+                     [this](const QPoint &pos) { showContextMenu(pos); });
     QObject::connect(ui->chPoll, &QAbstractButton::clicked, &forwarder, [this](bool checked) { setPolling(checked); });
+    QObject::connect(ui->setIpBtn, &QAbstractButton::clicked, &forwarder, [this] { setIpAddress(); });
     QObject::connect(rescanButton, &QAbstractButton::clicked, &forwarder, [this] { rescan(); });
     // Expanding fetches, so every reset fills the whole tree. It comes after the view's own answer to the reset.
     QObject::connect(model, &QAbstractItemModel::modelReset, view, &QTreeView::expandAll);
@@ -75,6 +90,7 @@ void MoxCameraSelectorDialogPrivate::Init(MoxCameraSelectorDialog *dialog, MoxCa
 void MoxCameraSelectorDialogPrivate::onCurrentChanged(const QModelIndex &current, const QModelIndex &)
 {
     lastItemId = model->getItemID(current);
+    FillInfo(current);
     auto *info = current.data(Qt::UserRole).value<MoxCam::DeviceInfo *>();
     ui->buttonBox->button(QDialogButtonBox::Ok)->setEnabled(info && canBeOpened(info));
     ui->setIpBtn->setEnabled(info && isGigEVision(info->GetInterface()));
@@ -129,6 +145,19 @@ void MoxCameraSelectorDialogPrivate::rescan()
     onCurrentChanged(current, current);
 }
 
+void MoxCameraSelectorDialogPrivate::showContextMenu(const QPoint &pos)
+{
+    const QVariant object = ui->cameraTreeView->indexAt(pos).data(Qt::UserRole);
+    QMenu *menu = nullptr;
+    if (auto *info = object.value<MoxCam::DeviceInfo *>())
+        menu = isGigEVision(info->GetInterface()) ? deviceMenu : nullptr;
+    else if (isGigEVision(object.value<MoxCam::Interface *>()))
+        menu = interfaceMenu;
+    // The view's own coordinates, though the position is one of its viewport.
+    if (menu)
+        menu->exec(ui->cameraTreeView->mapToGlobal(pos));
+}
+
 MoxCameraSelectorDialog::MoxCameraSelectorDialog(MoxCam::System *system, QWidget *parent, bool poll)
     : QDialog(parent), d(std::make_unique<MoxCameraSelectorDialogPrivate>(poll))
 {
@@ -139,10 +168,12 @@ MoxCameraSelectorDialog::~MoxCameraSelectorDialog() = default;
 
 MoxCam::DeviceInfo *MoxCameraSelectorDialog::selectedCamera() const
 {
+    if (d->selected)
+        return d->selected;
     return d->ui->cameraTreeView->currentIndex().data(Qt::UserRole).value<MoxCam::DeviceInfo *>();
 }
 
-// Changes nothing: the tree alone decides. It stays for the applications that call it.
+// Changes nothing: the user alone decides. It stays for the applications that call it.
 void MoxCameraSelectorDialog::setSelectedCamera(MoxCam::DeviceInfo *)
 { }
 

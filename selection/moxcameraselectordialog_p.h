@@ -10,13 +10,17 @@
 #include <thread>
 
 class DeviceTreeModel;
+class QMenu;
 class QModelIndex;
+class QPoint;
 class QPushButton;
 class Ui_MoxCameraSelectorDialog;
 
 namespace MoxCam {
+class DeviceInfo;
+class Interface;
 class System;
-}
+} // namespace MoxCam
 
 namespace MoxGui {
 
@@ -40,6 +44,12 @@ public:
     void Init(MoxCameraSelectorDialog *dialog, MoxCam::System *system);
     /** Follows the current item. @p previous is not used. */
     void onCurrentChanged(const QModelIndex &current, const QModelIndex &previous);
+    /** Fills the information panels for a camera or an interface, or empties them for an invalid index. */
+    void FillInfo(const QModelIndex &index);
+    /** Lets the user assign the current camera an address. False when that failed, not when the user cancelled. */
+    bool ForceIP();
+    /** Lets the user name a camera of the current interface by its address, and accepts the dialog with it. As above. */
+    bool ConnectByIP();
     /** Starts the poll thread, or ends it and waits for that, up to a second and the time of one enumeration. */
     void setPolling(bool poll);
     /** Enumerates anew. Nothing is current afterwards: unlike a poll, this does not put the current item back. */
@@ -50,8 +60,13 @@ public:
     PrivateSlotForwarder forwarder; // context of every connection made here: none of them outlives this object
     MoxCameraSelectorDialog *q = nullptr;
     std::unique_ptr<Ui_MoxCameraSelectorDialog> ui;
+    QMenu *deviceMenu = nullptr; // child of the dialog
+    QMenu *interfaceMenu = nullptr; // child of the dialog
     DeviceTreeModel *model = nullptr; // child of the dialog
+    MoxCam::DeviceInfo *selected = nullptr; // reached by its address; wins over the tree
     QPushButton *rescanButton = nullptr; // in the form's button box
+    int interfaceColumnWidth = 0; // of the panel's first column when it was last seen; 0 until known
+    int deviceColumnWidth = 0;
     QString lastItemId; // of the current item
     std::unique_ptr<std::thread> thread; // null while not polling
     // Relaxed: the loop need only see the store in time.
@@ -61,6 +76,11 @@ public:
 private:
     bool hasNewDevices();
     void stopThread();
+    void showContextMenu(const QPoint &pos);
+    void setIpAddress();
+    void connectByIpAddress();
+    void fillDeviceInfo(MoxCam::DeviceInfo *info, int place);
+    void fillInterfaceInfo(MoxCam::Interface *iface);
 };
 
 } // namespace MoxGui

@@ -64,9 +64,10 @@ FakeDeviceInfo::FakeDeviceInfo(FakeInterface *owner, FakeText deviceId, FakeText
 
 const char *FakeDeviceInfo::addressText(const FakeText &text, MoxCamErr *err) const
 {
+    const bool refused = &text == refusedAddress;
     if (err)
-        *err = addressError;
-    return addressError ? nullptr : textOf(text);
+        *err = refused ? MoxCamError::GenICamAccess : MoxCamError::Success;
+    return refused ? nullptr : textOf(text);
 }
 
 MoxCam::Interface *FakeDeviceInfo::GetInterface()
@@ -92,6 +93,8 @@ MoxCam::DeviceInfoList *FakeInterface::GetDeviceInfoList()
 MoxCam::DeviceInfo *FakeInterface::ConnectByIp(const char *ipAddress)
 {
     askedIp = ipAddress;
+    if (atConnect)
+        atConnect();
     return answersByIp;
 }
 

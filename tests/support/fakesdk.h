@@ -62,7 +62,7 @@ public:
     FakeText netmask = "255.255.255.0";
     FakeText gateway = "0.0.0.0";
     int accessStatus = MoxCam::AccessReadWrite;
-    MoxCamErr addressError = 0; // of the three address texts
+    const FakeText *refusedAddress = nullptr; // which of the three address texts cannot be read
     MoxCamErr forceIpResult = 0;
     std::vector<std::uint32_t> forcedAddresses; // three numbers for each call
 
@@ -98,6 +98,7 @@ public:
     ListAnswer deviceLists = ListAnswer::List;
     FakeDeviceInfo *answersByIp = nullptr;
     std::string askedIp;
+    std::function<void()> atConnect; // called in the middle of ConnectByIp
     MoxGenParam::Array *parameters = nullptr;
     MoxCamErr parametersError = 0;
 

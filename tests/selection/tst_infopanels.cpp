@@ -1,0 +1,211 @@
+#include "selectorscene.h"
+#include "testmain.h"
+
+#include <QPointer>
+
+using namespace MoxTest;
+using Change = std::function<void(Scene &)>;
+using Rows = QList<int>;
+Q_DECLARE_METATYPE(Change)
+
+class TestInfoPanels : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void gigEVision_data()
+    {
+        QTest::addColumn<Change>("change");
+        QTest::addColumn<Rows>("deviceRows"); // that are missing, the last one first
+        QTest::addColumn<Rows>("interfaceRows");
+        QTest::addColumn<bool>("transport");
+        const auto row = [](const char *name, Change change, Rows device, Rows interface, bool transport = true) {
+            QTest::newRow(name) << change << device << interface << transport;
+        };
+        const auto refused = [&](const char *name, Rows device, Rows interface, bool transport = true) {
+            row(
+                name, [name](Scene &s) { s.gigeParams.refused = name; }, device, interface, transport);
+        };
+        row("everything", [](Scene &) {}, {}, {});
+        refused("GevDeviceMACAddress", {7}, {});
+        refused("GevInterfaceMACAddress", {}, {3});
+        refused("GevInterfaceSubnetIPAddress", {}, {4});
+        refused("GevInterfaceSubnetMask", {}, {5});
+        refused("GevInterfaceTransport", {}, {}, false);
+        refused("DeviceSelector", {10, 9, 8, 7}, {});
+        row("IP address", [](Scene &s) { s.g2->refusedAddress = &s.g2->ipAddress; }, {8}, {});
+        row("netmask", [](Scene &s) { s.g2->refusedAddress = &s.g2->netmask; }, {9}, {});
+        row("gateway", [](Scene &s) { s.g2->refusedAddress = &s.g2->gateway; }, {10}, {});
+        row(
+            "parameters", [](Scene &s) { s.gige->parametersError = -1; }, {10, 9, 8, 7}, {5, 4, 3}, false);
+        row(
+            "null parameters", [](Scene &s) { s.gige->parameters = nullptr; }, {10, 9, 8, 7}, {5, 4, 3}, false);
+    }
+
+    void gigEVision()
+    {
+        QStringList device =
+            "Display name: Camera|Vendor: Maker|Model: |Serial number: 0001|Version: 1.0|"
+            "User name: Küche|Access status: ReadWrite|MAC Address: 0A:00:00:00:00:FF|"
+            "IP Address: 192.168.1.10|Netmask: 255.255.255.0|Gateway: 0.0.0.0"_s.split(QLatin1Char('|'));
+        QStringList adapter =
+            "Description: Adapter|Type: GigE Vision [Socket]|Version: 2.0|"
+            "MAC Address: 00:1A:2B:3C:4D:5E|IP Address: 192.168.1.128|Netmask: 255.255.255.0"_s.split(QLatin1Char('|'));
+        QFETCH(Change, change);
+        QFETCH(Rows, deviceRows);
+        QFETCH(Rows, interfaceRows);
+        QFETCH(bool, transport);
+        for (int row : deviceRows)
+            device.removeAt(row);
+        for (int row : interfaceRows)
+            adapter.removeAt(row);
+        if (!transport)
+            adapter[1] = "Type: GigE Vision"_s;
+
+        Scene scene;
+        scene.g2->userName = "Küche";
+        scene.g2->modelName = std::nullopt;
+        change(scene);
+        scene.select("g2"_s);
+        QCOMPARE(Scene::texts(scene.devicePanel), device);
+        QCOMPARE(Scene::texts(scene.interfacePanel), adapter);
+        if (deviceRows.isEmpty())
+            QCOMPARE(scene.gigeParams.calls.join(QLatin1Char(' ')),
+                     "DeviceSelector=1 GevDeviceMACAddress GevInterfaceTransport GevInterfaceMACAddress "
+                     "GevInterfaceSubnetIPAddress GevInterfaceSubnetMask"_s);
+    }
+
+    void statusAndTransport()
+    {
+        const std::map<int, QString> status = {
+            {1, "ReadWrite"_s}, {2, "ReadOnly"_s}, {3, "NO ACCESS"_s}, {1001, "IP Subnet Mismatch"_s}};
+        const std::map<int, QString> transport = {
+            {1, "USB3 Vision"_s}, {2, "GigE Vision"_s}, {3, "CameraLink"_s}, {4, "CoaXPress"_s}, {5, "HD-SDI"_s}};
+        for (int code : {-1, 0, 1, 2, 3, 4, 5, 6, 7, 1000, 1001, 1002}) {
+            Scene scene;
+            scene.u1->accessStatus = code;
+            scene.usb->type = code;
+            scene.select("u1"_s);
+            const QModelIndex item = Scene::value(scene.devicePanel, "Access status"_s);
+            const bool bad = code == 3 || code == 1001;
+            QCOMPARE(item.data().toString(), status.count(code) ? status.at(code) : "Unknown"_s);
+            QCOMPARE(item.data(Qt::BackgroundRole), bad ? QVariant(QBrush(Qt::red)) : QVariant());
+            QCOMPARE(item.data(Qt::ForegroundRole), QVariant());
+            QCOMPARE(scene.ok->isEnabled(), !bad);
+            QCOMPARE(scene.setIp->isEnabled(), code == 2);
+            QCOMPARE(Scene::value(scene.interfacePanel, "Type"_s).data().toString(),
+                     transport.count(code) ? transport.at(code) : "Custom"_s);
+            QCOMPARE(scene.interfacePanel->model()->rowCount(), 3);
+            // A refill alone enables Ok, whatever the status.
+            scene.ok->setEnabled(false);
+            scene.d->FillInfo(scene.tree->currentIndex());
+            QVERIFY(scene.ok->isEnabled());
+        }
+    }
+
+    void usbVersion_data()
+    {
+        QTest::addColumn<Change>("change");
+        QTest::addColumn<QString>("text"); // empty: no row
+        QTest::addColumn<bool>("red");
+        const auto version = [](std::int64_t value, const char *text, bool red) {
+            const Change change = [=](Scene &s) { s.usbParams.numbers["DeviceUSBVersionDetected"] = {7, value}; };
+            QTest::newRow(text) << change << QString::fromLatin1(text) << red;
+        };
+        version(0x0210, "0x0210", true);
+        version(0x02FF, "0x02ff", true);
+        version(0x0300, "0x0300", false);
+        version(0x1ABCD, "0x1abcd", false);
+        version(1, "0x0001", true);
+        version(0, "", false);
+        const auto row = [](const char *name, Change change, const char *text = "", bool red = false) {
+            QTest::newRow(name) << change << QString::fromLatin1(text) << red;
+        };
+        row("no parameters", [](Scene &s) { s.usb->parameters = nullptr; });
+        row("no such parameter", [](Scene &s) { s.usbParams.numbers.erase("DeviceUSBVersionDetected"); });
+        row("camera not selected", [](Scene &s) { s.usbParams.refused = "DeviceSelector"; });
+        row(
+            "value counts, not the result", [](Scene &s) { s.usbParams.refused = "DeviceUSBVersionDetected"; },
+            "0x0210", true);
+    }
+
+    void usbVersion()
+    {
+        Scene scene;
+        QFETCH(Change, change);
+        QFETCH(QString, text);
+        QFETCH(bool, red);
+        change(scene);
+        scene.select("u2"_s);
+        const QModelIndex item = Scene::value(scene.devicePanel, "USB Version"_s);
+        QCOMPARE(item.data().toString(), text);
+        QCOMPARE(item.data(Qt::ForegroundRole), red ? QVariant(QBrush(Qt::red)) : QVariant());
+        QCOMPARE(item.row(), text.isEmpty() ? -1 : 6);
+        QCOMPARE(scene.devicePanel->model()->rowCount(), text.isEmpty() ? 7 : 8);
+    }
+
+    // What is retired lives until control is back in the event loop, as the signal of a view may be on the stack.
+    void replacing()
+    {
+        Scene scene;
+        scene.select("g1"_s);
+        const QPointer<QAbstractItemModel> device = scene.devicePanel->model();
+        const QPointer<QAbstractItemModel> interface = scene.interfacePanel->model();
+        QCOMPARE(device->parent(), scene.dialog.get());
+        QObject::connect(scene.devicePanel, &QTreeView::expanded, scene.dialog.get(), [&] {
+            scene.select("u1"_s);
+            scene.select("g2"_s);
+        });
+        Q_EMIT scene.devicePanel->expanded(device->index(0, 0));
+        QVERIFY(device && interface);
+        QTRY_COMPARE(scene.dialog->findChildren<QStandardItemModel *>().size(), 2);
+        QVERIFY(!device && !interface);
+        QCOMPARE(Scene::value(scene.devicePanel, "MAC Address"_s).data().toString(), "0A:00:00:00:00:FF"_s);
+
+        scene.select("U"_s);
+        QVERIFY(scene.devicePanel->model());
+        QTRY_VERIFY(!scene.devicePanel->model());
+        QCOMPARE(Scene::texts(scene.interfacePanel).first(), "Description: Host"_s);
+        QVERIFY(!scene.ok->isEnabled() && !scene.setIp->isEnabled());
+
+        scene.select("g1"_s);
+        scene.d->rescan();
+        scene.d->FillInfo(QModelIndex()); // twice is no harm
+        QTRY_VERIFY(!scene.devicePanel->model() && !scene.interfacePanel->model());
+        QVERIFY(scene.dialog->findChildren<QStandardItemModel *>().isEmpty());
+        QVERIFY(!scene.ok->isEnabled() && !scene.setIp->isEnabled());
+    }
+
+    void widths()
+    {
+        Scene scene;
+        scene.select("g1"_s);
+        const auto widths = [&] {
+            return qMakePair(scene.devicePanel->columnWidth(0), scene.interfacePanel->columnWidth(0));
+        };
+        // The boundary in the middle at first.
+        QCOMPARE(widths(),
+                 qMakePair(scene.devicePanel->viewport()->width() / 2, scene.interfacePanel->viewport()->width() / 2));
+        scene.devicePanel->setColumnWidth(0, 77);
+        scene.interfacePanel->setColumnWidth(0, 88);
+        scene.select("u1"_s);
+        QCOMPARE(widths(), qMakePair(77, 88));
+        scene.select("G"_s);
+        QTRY_VERIFY(!scene.devicePanel->model());
+        scene.interfacePanel->setColumnWidth(0, 99);
+        scene.d->rescan();
+        QTRY_VERIFY(!scene.interfacePanel->model());
+        scene.d->rescan(); // a panel without a model has no width to remember
+        scene.select("g2"_s);
+        QCOMPARE(widths(), qMakePair(77, 99));
+        // Both panels have handles in their bodies.
+        for (const QTreeView *panel : {scene.devicePanel, scene.interfacePanel}) {
+            const QRect cell = panel->visualRect(panel->model()->index(1, 0));
+            QTest::mouseMove(panel->viewport(), QPoint(cell.right(), cell.center().y()));
+            QTRY_COMPARE(panel->viewport()->cursor().shape(), Qt::SplitHCursor);
+        }
+    }
+};
+
+MOX_TEST_MAIN(TestInfoPanels)
+#include "tst_infopanels.moc"

@@ -1,0 +1,145 @@
+#include "testmain.h"
+#include "treeviewresizer.h"
+
+#include <QHeaderView>
+#include <QSignalSpy>
+#include <QStandardItemModel>
+#include <QTreeView>
+
+class TestTreeViewResizer : public QObject
+{
+    Q_OBJECT
+
+private:
+    std::unique_ptr<QTreeView> tree;
+    std::unique_ptr<QStandardItemModel> model;
+    TreeViewResizer *resizer = nullptr;
+
+    /** By hand: the global position must not depend on where the window is. */
+    bool send(QEvent::Type type, const QPoint &pos, Qt::MouseButton button = Qt::LeftButton, int globalX = 1000)
+    {
+        QMouseEvent event(type, pos, QPointF(globalX, 500), button, button, Qt::NoModifier);
+        return resizer->eventFilter(tree->viewport(), &event);
+    }
+    /** On the right edge of a column, in the middle of a row. */
+    QPoint edge(int column = 0, int row = 1) const
+    {
+        const QRect cell = tree->visualRect(model->index(row, column));
+        return {cell.right(), cell.center().y()};
+    }
+
+private Q_SLOTS:
+    void init()
+    {
+        tree = std::make_unique<QTreeView>();
+        model = std::make_unique<QStandardItemModel>(4, 3);
+        tree->setRootIsDecorated(false);
+        tree->setHeaderHidden(true);
+        tree->setModel(model.get());
+        resizer = new TreeViewResizer(tree.get());
+        tree->resize(500, 300);
+        tree->show();
+        tree->setColumnWidth(0, 100);
+        tree->setColumnWidth(1, 100);
+    }
+    void cleanup() { tree.reset(); }
+
+    void zone_data()
+    {
+        QTest::addColumn<int>("column");
+        QTest::addColumn<int>("distance"); // from the edge
+        QTest::addColumn<bool>("inside");
+        for (int distance : {-40, -5, -4, 0, 4, 5, 40})
+            QTest::addRow("%d px", distance) << 0 << distance << (qAbs(distance) < 5);
+        QTest::newRow("second column") << 1 << 4 << true;
+        QTest::newRow("last column") << 2 << 0 << false;
+    }
+
+    void zone()
+    {
+        QFETCH(int, column);
+        QFETCH(int, distance);
+        QFETCH(bool, inside);
+        const QPoint pos = edge(column) + QPoint(distance, 0);
+        QCOMPARE(resizer->ifResizable(pos).column(), inside ? column : -1);
+        // From the other cursor, so that both answers must be given.
+        tree->viewport()->setCursor(inside ? Qt::ArrowCursor : Qt::SplitHCursor);
+        QVERIFY(!send(QEvent::MouseMove, pos, Qt::NoButton));
+        QCOMPARE(tree->viewport()->cursor().shape(), inside ? Qt::SplitHCursor : Qt::ArrowCursor);
+        QVERIFY(!send(QEvent::MouseButtonPress, pos, Qt::RightButton));
+        QCOMPARE(send(QEvent::MouseButtonPress, pos), inside);
+        // The drag goes on: neither a second press nor another button's release ends it.
+        QVERIFY(!send(QEvent::MouseButtonPress, pos));
+        QVERIFY(!send(QEvent::MouseButtonRelease, pos, Qt::RightButton));
+        QCOMPARE(send(QEvent::MouseButtonRelease, pos), inside);
+        QVERIFY(!send(QEvent::MouseButtonRelease, pos));
+    }
+
+    void noZone()
+    {
+        // The probe lies six pixels above the mouse.
+        QVERIFY(!resizer->ifResizable(QPoint(edge().x(), 5)).isValid());
+        QVERIFY(resizer->ifResizable(QPoint(edge().x(), 6)).isValid());
+        const std::function<void()> changes[] = {
+            [&] { tree->header()->setSectionResizeMode(0, QHeaderView::Fixed); },
+            [&] { tree->header()->setSectionResizeMode(0, QHeaderView::ResizeToContents); },
+            [&] { model->setColumnCount(1); },
+            [&] { model->setRowCount(0); },
+            [&] { tree->setModel(nullptr); },
+            [&] { model = std::make_unique<QStandardItemModel>(); }};
+        for (const auto &change : changes) {
+            init();
+            const QPoint pos = edge();
+            QVERIFY(send(QEvent::MouseButtonPress, pos));
+            change(); // in the middle of a drag: it goes on without harm
+            QVERIFY(send(QEvent::MouseMove, pos, Qt::LeftButton, 1200));
+            QVERIFY(send(QEvent::MouseButtonRelease, pos));
+            QVERIFY(!send(QEvent::MouseButtonPress, QPoint(tree->columnWidth(0) - 1, pos.y())));
+        }
+    }
+
+    // The probed cell's own rectangle counts, and that of a spanned row is as wide as all columns.
+    void spannedRow()
+    {
+        tree->setFirstColumnSpanned(1, QModelIndex(), true);
+        const QPoint right = edge();
+        QVERIFY(right.x() > 200);
+        QCOMPARE(resizer->ifResizable(right + QPoint(0, 6)), model->index(1, 0));
+        QVERIFY(!resizer->ifResizable(QPoint(99, right.y() + 6)).isValid());
+    }
+
+    // The position in the viewport plays no part; the width stops at 10 and grows again from there.
+    void drag()
+    {
+        QVERIFY(send(QEvent::MouseButtonPress, edge(), Qt::LeftButton, 1000));
+        for (const auto &step : {qMakePair(1030, 130), qMakePair(990, 90), qMakePair(700, 10), qMakePair(690, 10),
+                                 qMakePair(705, 25), qMakePair(705, 25)}) {
+            QVERIFY(send(QEvent::MouseMove, QPoint(0, 0), Qt::LeftButton, step.first));
+            QCOMPARE(tree->columnWidth(0), step.second);
+        }
+        QVERIFY(send(QEvent::MouseButtonRelease, QPoint(0, 0)));
+        QVERIFY(!send(QEvent::MouseMove, QPoint(0, 0), Qt::NoButton, 900));
+        QCOMPARE(tree->columnWidth(0), 25);
+        QCOMPARE(tree->columnWidth(1), 100);
+    }
+
+    void throughTheWindow()
+    {
+        const QPoint pos = edge();
+        QVERIFY(tree->viewport()->hasMouseTracking());
+        QTest::mouseClick(tree->viewport(), Qt::LeftButton, Qt::NoModifier, pos);
+        QVERIFY(!tree->currentIndex().isValid());
+        QTest::mouseClick(tree->viewport(), Qt::LeftButton, Qt::NoModifier, pos - QPoint(5, 0));
+        QCOMPARE(tree->currentIndex(), model->index(1, 0));
+
+        QSignalSpy showed(resizer, &TreeViewResizer::showed);
+        tree->hide();
+        tree->show();
+        tree->viewport()->hide();
+        tree->viewport()->show();
+        QCOMPARE(showed.count(), 1);
+    }
+};
+
+MOX_TEST_MAIN(TestTreeViewResizer)
+#include "tst_treeviewresizer.moc"
