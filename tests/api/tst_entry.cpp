@@ -1,3 +1,4 @@
+#include "datarow.h"
 #include "drive.h"
 #include "moxcameraguiapi.h"
 #include "moxcameraselectordialog.h"
@@ -27,18 +28,11 @@ private Q_SLOTS:
     void results();
     void pollTakesLowByte();
     void unusableHandle();
-    void exceptionPassesThrough_data();
     void exceptionPassesThrough();
     void resources();
     void cleanup() { QCOMPARE(QApplication::topLevelWidgets().size(), 0); }
 
 private:
-    MoxCam::DeviceInfo *selectWith(const std::function<void(QDialog *)> &user, bool poll = false)
-    {
-        atNextDialog(system, user);
-        return SelectCameraA(&system, nullptr, 0, poll);
-    }
-
     QTemporaryDir runtimeDir; // the first call makes the application amid a test, where its complaints count
     FakeSystem system;
     FakeInterface *iface = system.add("A");
@@ -55,18 +49,19 @@ void TestEntry::initTestCase()
 void TestEntry::makesOneApplication()
 {
     QVERIFY(!QCoreApplication::instance());
-    QDialog *seen = nullptr;
-    QCOMPARE(selectWith([&](QDialog *dialog) {
-                 seen = dialog;
-                 dialog->reject();
-             }),
-             nullptr);
-    QVERIFY(seen);
-    const QCoreApplication *made = QCoreApplication::instance();
-    QVERIFY(qobject_cast<const QApplication *>(made));
+    const QCoreApplication *made = nullptr;
+    for (int call = 0; call < 2; ++call) {
+        bool seen = false;
+        atNextDialog(system, [&seen](QDialog *dialog) {
+            seen = true;
+            dialog->reject();
+        });
+        QCOMPARE(SelectCameraA(&system, nullptr, 0, false), nullptr);
+        QVERIFY(seen);
+        made = made ? made : QCoreApplication::instance();
+        QVERIFY(qobject_cast<const QApplication *>(made) && made == QCoreApplication::instance());
+    }
     QCOMPARE(made->thread(), QThread::currentThread());
-    QCOMPARE(selectWith([](QDialog *dialog) { dialog->reject(); }), nullptr);
-    QCOMPARE(QCoreApplication::instance(), made);
 }
 
 /** What the child process of the next test does: widgets complain fatally about the application that they find. */
@@ -91,18 +86,12 @@ void TestEntry::leavesOtherApplicationAlone()
 
 void TestEntry::titles_data()
 {
-    QTest::addColumn<QByteArray>("narrow");
-    QTest::addColumn<QVector<uint>>("wide");
-    QTest::addColumn<QString>("expected");
-    QTest::newRow("null") << QByteArray() << QVector<uint>() << QString();
-    QTest::newRow("empty") << QByteArray("") << QVector<uint>{0} << QString();
-    QTest::newRow("ASCII") << QByteArray("Pick one") << QVector<uint>{'P', 'i', 'c', 'k', ' ', 'o', 'n', 'e', 0}
-                           << QStringLiteral("Pick one");
-    QTest::newRow("two bytes") << QByteArray("Größe") << QVector<uint>{'G', 'r', 0xf6, 0xdf, 'e', 0}
-                               << QStringLiteral("Größe");
-    QTest::newRow("beyond 16 bits") << QByteArray("\xf0\x9f\x93\xb7!") << QVector<uint>{0x1f4f7, '!', 0}
-                                    << QString::fromUtf16(u"\xd83d\xdcf7!");
-    QTest::newRow("ends at zero") << QByteArray("a\0b", 3) << QVector<uint>{'a', 0, 'b', 0} << QStringLiteral("a");
+    columns<QByteArray, QVector<uint>, QString>("narrow", "wide", "expected");
+    row("null", QByteArray(), QVector<uint>(), QString());
+    row("empty", "", QVector<uint>{0}, QString());
+    row("two bytes", "Größe", QVector<uint>{'G', 'r', 0xf6, 0xdf, 'e', 0}, QStringLiteral("Größe"));
+    row("beyond 16 bits", "\xf0\x9f\x93\xb7!", QVector<uint>{0x1f4f7, '!', 0}, QString::fromUtf16(u"\xd83d\xdcf7!"));
+    row("ends at zero", QByteArray("a\0b", 3), QVector<uint>{'a', 0, 'b', 0}, QStringLiteral("a"));
 }
 
 void TestEntry::titles()
@@ -124,14 +113,12 @@ void TestEntry::titles()
 
 void TestEntry::results_data()
 {
-    QTest::addColumn<bool>("selects");
-    QTest::addColumn<int>("result"); // -1 closes the window
-    QTest::addColumn<bool>("given");
-    QTest::newRow("accepted") << true << int(QDialog::Accepted) << true;
-    QTest::newRow("accepted with nothing current") << false << int(QDialog::Accepted) << false;
-    QTest::newRow("rejected") << true << int(QDialog::Rejected) << false;
-    QTest::newRow("another result") << true << 2 << false;
-    QTest::newRow("closed") << true << -1 << false;
+    columns<bool, int, bool>("selects", "result", "given"); // the result -1 closes the window
+    row("accepted", true, QDialog::Accepted, true);
+    row("accepted with nothing current", false, QDialog::Accepted, false);
+    row("rejected", true, QDialog::Rejected, false);
+    row("another result", true, 2, false);
+    row("closed", true, -1, false);
 }
 
 void TestEntry::results()
@@ -150,7 +137,8 @@ void TestEntry::results()
         else
             dialog->done(result);
     };
-    QCOMPARE(selectWith(user), given ? camera : nullptr);
+    atNextDialog(system, user);
+    QCOMPARE(SelectCameraA(&system, nullptr, 0, false), given ? camera : nullptr);
     atNextDialog(system, user);
     QCOMPARE(SelectCameraW(&system, nullptr, 0, false), given ? camera : nullptr);
     QCOMPARE(system.releases.load(), 0);
@@ -158,20 +146,18 @@ void TestEntry::results()
 
 void TestEntry::pollTakesLowByte()
 {
-    bool polling = true;
-    const auto user = [&](QDialog *dialog) {
-        polling = qobject_cast<MoxGui::MoxCameraSelectorDialog *>(dialog)->isPollChecked();
-        dialog->reject();
-    };
     // As a caller without a bool type declares it.
     using Select = MoxCam::DeviceInfo *(*)(MoxCam::System *, const char *, unsigned long, unsigned);
     const auto select = reinterpret_cast<Select>(reinterpret_cast<void *>(&SelectCameraA));
-    atNextDialog(system, user);
-    select(&system, nullptr, 0, 0xffffff00u);
-    QVERIFY(!polling);
-    atNextDialog(system, user);
-    select(&system, nullptr, 0, 0xffffff01u);
-    QVERIFY(polling);
+    for (const unsigned poll : {0xffffff00u, 0xffffff01u}) {
+        bool polling = !(poll & 1);
+        atNextDialog(system, [&polling](QDialog *dialog) {
+            polling = qobject_cast<MoxGui::MoxCameraSelectorDialog *>(dialog)->isPollChecked();
+            dialog->reject();
+        });
+        select(&system, nullptr, 0, poll);
+        QCOMPARE(polling, bool(poll & 1));
+    }
 }
 
 void TestEntry::unusableHandle()
@@ -190,23 +176,17 @@ void TestEntry::unusableHandle()
     delete container;
 }
 
-void TestEntry::exceptionPassesThrough_data()
-{
-    QTest::addColumn<bool>("inside");
-    QTest::newRow("while the dialog is made") << false;
-    QTest::newRow("while an interface is listed") << true;
-}
-
+/** Both while the dialog is made and while it lists an interface. */
 void TestEntry::exceptionPassesThrough()
 {
-    QFETCH(bool, inside);
-    system.interfaceLists = inside ? ListAnswer::List : ListAnswer::Throw;
-    iface->deviceLists = inside ? ListAnswer::Throw : ListAnswer::List;
-    QVERIFY_EXCEPTION_THROWN(SelectCameraA(&system, "title", 0, true), std::runtime_error);
-    QVERIFY_EXCEPTION_THROWN(SelectCameraW(&system, L"title", 0, false), std::runtime_error);
-    QCOMPARE(QApplication::topLevelWidgets().size(), 0);
-    QCOMPARE(system.openLists.load(), 0);
-    system.interfaceLists = ListAnswer::List;
+    for (const bool inside : {false, true}) {
+        system.interfaceLists = inside ? ListAnswer::List : ListAnswer::Throw;
+        iface->deviceLists = inside ? ListAnswer::Throw : ListAnswer::List;
+        QVERIFY_EXCEPTION_THROWN(SelectCameraA(&system, "title", 0, true), std::runtime_error);
+        QVERIFY_EXCEPTION_THROWN(SelectCameraW(&system, L"title", 0, false), std::runtime_error);
+        QCOMPARE(QApplication::topLevelWidgets().size(), 0);
+        QCOMPARE(system.openLists.load(), 0);
+    }
     iface->deviceLists = ListAnswer::List;
 }
 

@@ -17,7 +17,6 @@ private Q_SLOTS:
     void initTestCase();
     void windowOfAnotherProcess();
     void exceptionReleasesWindow();
-    void noParent();
     void handleOfNothing();
     void cleanupTestCase();
 
@@ -86,15 +85,6 @@ void TestForeignParent::exceptionReleasesWindow()
     system.interfaceLists = ListAnswer::List;
     QVERIFY(!foreignWindow(handle));
     QCOMPARE(QApplication::topLevelWidgets().size(), before + 1);
-}
-
-void TestForeignParent::noParent()
-{
-    atNextDialog(system, [&](QDialog *dialog) {
-        QVERIFY(!dialog->parentWidget());
-        dialog->reject();
-    });
-    QCOMPARE(SelectCameraA(&system, nullptr, 0, false), nullptr);
 }
 
 void TestForeignParent::handleOfNothing()

@@ -1,6 +1,7 @@
 // Lookups, values and result codes of the parameter layer.
 #include "params/paramarray.h"
 
+#include <datarow.h>
 #include <fakenodes.h>
 #include <testmain.h>
 
@@ -43,14 +44,12 @@ struct Camera
     ParamArray array{map};
     MoxGenParam::Int *widthParam = array.GetInt("Width", nullptr);
     MoxGenParam::Enum *modeParam = array.GetEnum("Mode", nullptr);
+    MoxGenParam::Boolean *flagParam = array.GetBoolean("Flag", nullptr);
+    MoxGenParam::String *textParam = array.GetString("Text", nullptr);
 };
 
-/** Gives the code of an operation, and whether a read gave the zero value of its type. */
-struct Operation
-{
-    const char *name;
-    bool (*run)(Camera &camera, MoxCamErr *err);
-};
+/** Gives the code of an operation; tells whether a read gave the zero value of its type. */
+using Operation = bool (*)(Camera &camera, MoxCamErr *err);
 
 bool wrote(MoxCamErr code, MoxCamErr *err)
 {
@@ -58,7 +57,7 @@ bool wrote(MoxCamErr code, MoxCamErr *err)
     return true;
 }
 
-const Operation operations[] = {
+const std::pair<const char *, Operation> operations[] = {
     {"Int SetValue", [](Camera &c, MoxCamErr *e) { return wrote(c.widthParam->SetValue(50), e); }},
     {"Int GetValue", [](Camera &c, MoxCamErr *e) { return c.widthParam->GetValue(e) == 0; }},
     {"Int GetMin", [](Camera &c, MoxCamErr *e) { return c.widthParam->GetMin(e) == 0; }},
@@ -70,33 +69,25 @@ const Operation operations[] = {
     {"Enum GetValueStr", [](Camera &c, MoxCamErr *e) { return !*c.modeParam->GetValueStr(e); }},
     {"Enum SetValue", [](Camera &c, MoxCamErr *e) { return wrote(c.modeParam->SetValue(7), e); }},
     {"Enum SetValueStr", [](Camera &c, MoxCamErr *e) { return wrote(c.modeParam->SetValueStr("On"), e); }},
-    {"Boolean SetValue",
-     [](Camera &c, MoxCamErr *e) { return wrote(c.array.GetBoolean("Flag", nullptr)->SetValue(true), e); }},
-    {"Boolean GetValue", [](Camera &c, MoxCamErr *e) { return !c.array.GetBoolean("Flag", nullptr)->GetValue(e); }},
-    {"String GetValue", [](Camera &c, MoxCamErr *e) { return !*c.array.GetString("Text", nullptr)->GetValue(e); }},
+    {"Boolean SetValue", [](Camera &c, MoxCamErr *e) { return wrote(c.flagParam->SetValue(true), e); }},
+    {"Boolean GetValue", [](Camera &c, MoxCamErr *e) { return !c.flagParam->GetValue(e); }},
+    {"String GetValue", [](Camera &c, MoxCamErr *e) { return !*c.textParam->GetValue(e); }},
     {"Array GetEnumValueStr", [](Camera &c, MoxCamErr *e) { return !*c.array.GetEnumValueStr("Mode", e); }},
     {"Array SetIntegerValue", [](Camera &c, MoxCamErr *e) { return wrote(c.array.SetIntegerValue("Width", 50), e); }},
     {"Array GetIntegerValue", [](Camera &c, MoxCamErr *e) { return c.array.GetIntegerValue("Width", e) == 0; }},
     {"Array ExecuteCommand", [](Camera &c, MoxCamErr *e) { return wrote(c.array.ExecuteCommand("Start"), e); }},
 };
 
-struct Failure
-{
-    const char *name;
-    void (*raise)();
-    MoxCamErr code;
-};
-
-const Failure failures[] = {
-    {"access", [] { throw ACCESS_EXCEPTION("x"); }, E::GenICamAccess},
-    {"range", [] { throw OUT_OF_RANGE_EXCEPTION("x"); }, E::GenICamOutOfRange},
-    {"argument", [] { throw INVALID_ARGUMENT_EXCEPTION("x"); }, E::GenICamInvalidArgument},
-    {"runtime", [] { throw RUNTIME_EXCEPTION("x"); }, E::GenICamRuntime},
-    {"timeout", [] { throw TIMEOUT_EXCEPTION("x"); }, E::GenTLTimeout},
-    {"logical", [] { throw LOGICAL_ERROR_EXCEPTION("x"); }, E::GenICamGeneric},
-    {"cast", [] { throw DYNAMICCAST_EXCEPTION("x"); }, E::GenICamGeneric},
-    {"generic", [] { throw GENERIC_EXCEPTION("x"); }, E::GenICamGeneric},
-    {"foreign", [] { throw 42; }, E::GenICamGeneric},
+const std::pair<void (*)(), MoxCamErr> failures[] = {
+    {[] { throw ACCESS_EXCEPTION("x"); }, E::GenICamAccess},
+    {[] { throw OUT_OF_RANGE_EXCEPTION("x"); }, E::GenICamOutOfRange},
+    {[] { throw INVALID_ARGUMENT_EXCEPTION("x"); }, E::GenICamInvalidArgument},
+    {[] { throw RUNTIME_EXCEPTION("x"); }, E::GenICamRuntime},
+    {[] { throw TIMEOUT_EXCEPTION("x"); }, E::GenTLTimeout},
+    {[] { throw LOGICAL_ERROR_EXCEPTION("x"); }, E::GenICamGeneric},
+    {[] { throw DYNAMICCAST_EXCEPTION("x"); }, E::GenICamGeneric},
+    {[] { throw GENERIC_EXCEPTION("x"); }, E::GenICamGeneric},
+    {[] { throw 42; }, E::GenICamGeneric},
 };
 
 } // namespace
@@ -115,32 +106,30 @@ private Q_SLOTS:
 
 void TestParams::exceptionsBecomeCodes_data()
 {
-    QTest::addColumn<int>("operation");
-    QTest::addColumn<int>("failure");
-    for (int o = 0; o < int(std::size(operations)); ++o) {
-        for (int f = 0; f < int(std::size(failures)); ++f)
-            QTest::addRow("%s, %s", operations[o].name, failures[f].name) << o << f;
-    }
+    columns<int>("operation");
+    for (int i = 0; i < int(std::size(operations)); ++i)
+        row(operations[i].first, i);
 }
 
 void TestParams::exceptionsBecomeCodes()
 {
     QFETCH(int, operation);
-    QFETCH(int, failure);
+    const Operation run = operations[operation].second;
     Camera camera;
-    camera.failWith([&](Access) { failures[failure].raise(); });
     MoxCamErr err = 1;
-    QVERIFY(operations[operation].run(camera, &err));
-    QCOMPARE(err, failures[failure].code);
-    QVERIFY(!camera.modeParam->IsAvailable() && !camera.modeParam->IsWritable() && !camera.modeParam->IsReadable());
-
+    for (const auto &failure : failures) {
+        camera.failWith([&](Access) { failure.first(); });
+        QVERIFY(run(camera, &err));
+        QCOMPARE(err, failure.second);
+        QVERIFY(!camera.modeParam->IsAvailable() && !camera.modeParam->IsWritable() && !camera.modeParam->IsReadable());
+    }
     // The same failure while the camera is gone tells just that, and nothing of it sticks.
     camera.port.accessMode = GenApi::NA;
-    QVERIFY(operations[operation].run(camera, &err));
+    QVERIFY(run(camera, &err));
     QCOMPARE(err, E::NoDevice);
     camera.port.accessMode = GenApi::RW;
     camera.failWith({});
-    operations[operation].run(camera, &err);
+    run(camera, &err);
     QCOMPARE(err, E::Success);
 }
 
@@ -212,7 +201,7 @@ void TestParams::enumerations()
 void TestParams::textsStay()
 {
     Camera camera;
-    MoxGenParam::String *text = camera.array.GetString("Text", nullptr);
+    MoxGenParam::String *text = camera.textParam;
     const char *first = text->GetValue(nullptr);
     camera.text.value = "second, which is long enough to live on the heap";
     const char *second = text->GetValue(nullptr);

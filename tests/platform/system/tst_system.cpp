@@ -1,10 +1,12 @@
 // The one system of the process, over backends made for the test.
+#include "device/deviceinfo.h"
 #include "fakelink.h"
 #include "network/networkbackend.h"
 #include "simulated/simulatedbackend.h"
 
 #include <MoxCameraApi/MoxGenParam.h>
 #include <MoxCameraApi/MoxSimulation.h>
+#include <datarow.h>
 #include <testmain.h>
 
 #include <thread>
@@ -62,12 +64,11 @@ struct Releaser
 };
 using SystemPtr = std::unique_ptr<MoxCam::System, Releaser>;
 using DevicePtr = std::unique_ptr<MoxCam::Device, Releaser>;
-template<class List> using ListPtr = std::unique_ptr<List, Releaser>;
 
 QByteArray ids(const SystemPtr &system, std::uint32_t mask = 255)
 {
     QByteArray all;
-    const ListPtr<MoxCam::InterfaceList> list(system->GetInterfaceList(mask));
+    const std::unique_ptr<MoxCam::InterfaceList, Releaser> list(system->GetInterfaceList(mask));
     for (MoxCam::Interface *interface = list->GetFirst(); interface; interface = list->GetNext())
         all += QByteArray(interface->GetID()) + ' ';
     return all.trimmed();
@@ -75,10 +76,10 @@ QByteArray ids(const SystemPtr &system, std::uint32_t mask = 255)
 
 MoxCam::DeviceInfo *firstCamera(const SystemPtr &system)
 {
-    const ListPtr<MoxCam::InterfaceList> interfaces(system->GetInterfaceList(255));
-    MoxCam::Interface *interface = interfaces->GetFirst();
+    const std::unique_ptr<MoxCam::InterfaceList, Releaser> interfaces(system->GetInterfaceList(255));
+    auto *interface = static_cast<MoxSdk::Interface *>(interfaces->GetFirst());
     interface->ReDiscoverDevices(nullptr, 200);
-    return ListPtr<MoxCam::DeviceInfoList>(interface->GetDeviceInfoList())->GetFirst();
+    return interface->listedDevice(0);
 }
 
 } // namespace
@@ -109,7 +110,7 @@ private Q_SLOTS:
     void interfaceLists();
     void countedUsers();
     void aBackendThatCannotStart();
-    void openedCamera();
+    void openedCameras();
     void camerasThatCannotBeOpened();
     void twoThreads();
 };
@@ -123,18 +124,15 @@ void TestSystem::cleanup()
 
 void TestSystem::interfaceLists_data()
 {
-    QTest::addColumn<unsigned>("worlds");
-    QTest::addColumn<unsigned>("mask");
-    QTest::addColumn<int>("backends");
-    QTest::addColumn<QByteArray>("expected");
-    QTest::newRow("no world") << 0U << 255U << 0 << QByteArray();
-    QTest::newRow("real") << 1U << 255U << 1 << QByteArray("r2 r1 r0");
-    QTest::newRow("simulated") << 2U << 255U << 1 << QByteArray("s2 s1 s0");
-    QTest::newRow("both") << 3U << 255U << 2 << QByteArray("r2 r1 r0 s2 s1 s0");
-    QTest::newRow("no type") << 3U << 0U << 2 << QByteArray();
-    QTest::newRow("GigE Vision") << 3U << 4U << 2 << QByteArray("r2 s2");
-    QTest::newRow("two types") << 3U << 3U << 2 << QByteArray("r1 r0 s1 s0");
-    QTest::newRow("others") << 3U << 0xF8U << 2 << QByteArray();
+    columns<unsigned, unsigned, int, QByteArray>("worlds", "mask", "backends", "expected");
+    row("no world", 0U, 255U, 0, "");
+    row("real", 1U, 255U, 1, "r2 r1 r0");
+    row("simulated", 2U, 255U, 1, "s2 s1 s0");
+    row("both", 3U, 255U, 2, "r2 r1 r0 s2 s1 s0");
+    row("no type", 3U, 0U, 2, "");
+    row("GigE Vision", 3U, 4U, 2, "r2 s2");
+    row("two types", 3U, 3U, 2, "r1 r0 s1 s0");
+    row("others", 3U, 0xF8U, 2, "");
 }
 
 void TestSystem::interfaceLists()
@@ -179,12 +177,13 @@ void TestSystem::aBackendThatCannotStart()
     QCOMPARE(ids(system), "r2 r1 r0 s2 s1 s0");
 }
 
-void TestSystem::openedCamera()
+void TestSystem::openedCameras()
 {
+    SystemPtr system(MoxCam_GetSystem());
+    MoxCam::DeviceInfo *info = firstCamera(system);
     FakeCamera camera;
     openFakeLink = [&] { return std::make_unique<FakeLink>(camera); };
-    SystemPtr system(MoxCam_GetSystem());
-    DevicePtr device(MoxCam_CreateDevice(firstCamera(system), 2, 0));
+    DevicePtr device(MoxCam_CreateDevice(info, 2, 0));
     QVERIFY(device);
     // An opened camera needs its system no longer.
     system.reset();
@@ -197,24 +196,21 @@ void TestSystem::camerasThatCannotBeOpened()
 {
     SystemPtr system(MoxCam_GetSystem());
     MoxCam::DeviceInfo *info = firstCamera(system);
-    int asked = 0;
-    openFakeLink = [&]() -> std::unique_ptr<MoxSdk::Link> {
-        ++asked;
-        throw ACCESS_EXCEPTION("Another host controls the camera");
-    };
-    QVERIFY(!MoxCam_CreateDevice(info, 2, 0));
-    openFakeLink = [&]() -> std::unique_ptr<MoxSdk::Link> {
-        ++asked;
-        return nullptr;
-    };
-    QVERIFY(!MoxCam_CreateDevice(info, 2, 0));
     FakeCamera broken;
     broken.description = "<";
-    openFakeLink = [&] {
-        ++asked;
-        return std::make_unique<FakeLink>(broken);
+    int asked = 0;
+    openFakeLink = [&]() -> std::unique_ptr<MoxSdk::Link> {
+        switch (asked++) {
+        case 0:
+            throw ACCESS_EXCEPTION("Another host controls the camera");
+        case 1:
+            return nullptr;
+        default:
+            return std::make_unique<FakeLink>(broken);
+        }
     };
-    QVERIFY(!MoxCam_CreateDevice(info, 2, 0));
+    for (int attempt = 0; attempt < 3; ++attempt)
+        QVERIFY(!MoxCam_CreateDevice(info, 2, 0));
     QCOMPARE(broken.links.load(), 0);
     QCOMPARE(asked, 3);
 
