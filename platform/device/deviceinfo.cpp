@@ -154,9 +154,7 @@ const char *DeviceInfo::GetGateway(MoxCamErr *err)
 
 MoxCamErr DeviceInfo::ForceIP(std::uint32_t ip, std::uint32_t netmask, std::uint32_t gateway)
 {
-    // No address at all makes the camera look for one by itself.
-    if (GetInterface()->GetType() == MoxCam::InterfaceGigEVision && ip != 0 && !isHostAddress(ip, netmask))
-        return MoxCamError::GenTLInvalidParameter;
+    // Whether a device can have such an address is for the device to say: its user may know more than the SDK.
     return d->interface.forceIp(record(), ip, netmask, gateway);
 }
 

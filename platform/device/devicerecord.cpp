@@ -15,10 +15,4 @@ std::string displayName(const DeviceRecord &record)
     return name;
 }
 
-std::string dotted(std::uint32_t address)
-{
-    return std::to_string(address >> 24) + '.' + std::to_string(address >> 16 & 0xFF) + '.'
-        + std::to_string(address >> 8 & 0xFF) + '.' + std::to_string(address & 0xFF);
-}
-
 } // namespace MoxSdk

@@ -32,9 +32,6 @@ struct DeviceRecord
 /** "vendor model (serial number)", without what is empty. */
 std::string displayName(const DeviceRecord &record);
 
-/** The dotted text of an address. */
-std::string dotted(std::uint32_t address);
-
 } // namespace MoxSdk
 
 #endif

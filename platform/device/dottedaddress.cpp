@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cstddef>
 
 namespace MoxSdk {
 
@@ -15,7 +16,7 @@ std::optional<std::uint32_t> parseDotted(std::string_view text)
             return std::nullopt;
         // Leading zeros are decimal too.
         unsigned number = 0;
-        const auto [stop, failure] = std::from_chars(at, std::min(end, at + 3), number);
+        const auto [stop, failure] = std::from_chars(at, at + std::min<std::ptrdiff_t>(end - at, 3), number);
         if (failure != std::errc() || number > 255)
             return std::nullopt;
         address = address << 8 | number;
@@ -24,12 +25,10 @@ std::optional<std::uint32_t> parseDotted(std::string_view text)
     return at == end ? std::optional(address) : std::nullopt;
 }
 
-bool isHostAddress(std::uint32_t address, std::uint32_t netmask)
+std::string dotted(std::uint32_t address)
 {
-    const std::uint32_t host = ~netmask;
-    const bool wholeMask = netmask != 0 && (host & (host + 1)) == 0;
-    const bool unicast = address >> 24 != 0 && address >> 24 < 224;
-    return wholeMask && unicast && (address & host) != 0 && (address & host) != host;
+    return std::to_string(address >> 24) + '.' + std::to_string(address >> 16 & 0xFF) + '.'
+        + std::to_string(address >> 8 & 0xFF) + '.' + std::to_string(address & 0xFF);
 }
 
 } // namespace MoxSdk

@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <string>
 #include <string_view>
 
 namespace MoxSdk {
@@ -14,8 +15,8 @@ namespace MoxSdk {
  */
 std::optional<std::uint32_t> parseDotted(std::string_view text);
 
-/** Whether a camera could have that address in that subnet; its subnet's own and its broadcast address are nobody's. */
-bool isHostAddress(std::uint32_t address, std::uint32_t netmask);
+/** As `parseDotted` reads it, without leading zeros. */
+std::string dotted(std::uint32_t address);
 
 } // namespace MoxSdk
 

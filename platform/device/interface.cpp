@@ -17,20 +17,16 @@ namespace MoxSdk {
 class InterfacePrivate
 {
 public:
-    InterfacePrivate(int transport, std::string identifier, std::string text, std::string number,
-                     const AdapterFacts &facts)
-        : type(transport),
-          id(std::move(identifier)),
-          description(std::move(text)),
-          version(std::move(number)),
-          adapter(facts)
+    InterfacePrivate(int transport, std::string identifier, std::string text, std::string number)
+        : type(transport), id(std::move(identifier)), description(std::move(text)), version(std::move(number))
     { }
+
+    DeviceInfo *object(Interface &owner, const DeviceRecord &record);
 
     const int type;
     const std::string id;
     const std::string description;
     const std::string version;
-    const AdapterFacts adapter;
 
     const std::shared_ptr<EventSource> events = std::make_shared<EventSource>();
     std::mutex mutex; // guards what follows, and is free while a discovery looks around
@@ -38,14 +34,23 @@ public:
     std::condition_variable discovered;
     std::unordered_map<std::string, std::unique_ptr<DeviceInfo>> known;
     std::vector<DeviceInfo *> shown;
+    std::unordered_set<DeviceInfo *> keptMeanwhile; // newer than what the discovery under way tells of them
 
     std::mutex makingModule;
     std::unique_ptr<InterfaceModule> module; // last: it asks the interface
 };
 
-Interface::Interface(int type, std::string id, std::string description, std::string version,
-                     const AdapterFacts &adapter)
-    : d(std::make_unique<InterfacePrivate>(type, std::move(id), std::move(description), std::move(version), adapter))
+/** The kept object of a camera, with the lock held. */
+DeviceInfo *InterfacePrivate::object(Interface &owner, const DeviceRecord &record)
+{
+    std::unique_ptr<DeviceInfo> &info = known[record.id];
+    if (!info)
+        info = std::make_unique<DeviceInfo>(owner, record);
+    return info.get();
+}
+
+Interface::Interface(int type, std::string id, std::string description, std::string version)
+    : d(std::make_unique<InterfacePrivate>(type, std::move(id), std::move(description), std::move(version)))
 { }
 
 Interface::~Interface()
@@ -82,14 +87,17 @@ void Interface::ReDiscoverDevices(bool *changed, std::uint32_t timeout)
     }
     const std::vector<DeviceRecord> records = discover(limit);
 
+    const std::lock_guard<std::mutex> lock(d->mutex);
     std::vector<DeviceInfo *> found;
     std::unordered_set<DeviceInfo *> seen;
     for (const DeviceRecord &record : records) {
-        DeviceInfo *info = keep(record);
+        DeviceInfo *info = d->object(*this, record);
+        if (d->keptMeanwhile.count(info) == 0)
+            info->setRecord(record);
         if (seen.insert(info).second)
             found.push_back(info);
     }
-    const std::lock_guard<std::mutex> lock(d->mutex);
+    d->keptMeanwhile.clear();
     // One object stands for one identifier, so the pointers tell whether the identifiers changed.
     if (changed)
         *changed = found != d->shown;
@@ -129,7 +137,7 @@ MoxGenParam::Array *Interface::GetParameters(MoxCamErr *err)
     const std::lock_guard<std::mutex> lock(d->makingModule);
     const std::string text = d->module ? std::string() : interfaceDescription(d->type);
     if (!text.empty())
-        d->module = std::make_unique<InterfaceModule>(*this, d->adapter, text);
+        d->module = std::make_unique<InterfaceModule>(*this, text);
     if (err)
         *err = d->module ? MoxCamError::Success : MoxCamError::GenTLNotAvailable;
     return d->module ? &d->module->parameters() : nullptr;
@@ -147,6 +155,11 @@ DeviceInfo *Interface::listedDevice(std::size_t position) const
     return position < d->shown.size() ? d->shown[position] : nullptr;
 }
 
+AdapterFacts Interface::adapterFacts() const
+{
+    return {};
+}
+
 MoxCamErr Interface::forceIp(const DeviceRecord &, std::uint32_t, std::uint32_t, std::uint32_t)
 {
     return MoxCamError::GenTLNotImplemented;
@@ -160,12 +173,11 @@ std::optional<DeviceRecord> Interface::findByAddress(std::uint32_t)
 DeviceInfo *Interface::keep(const DeviceRecord &record)
 {
     const std::lock_guard<std::mutex> lock(d->mutex);
-    std::unique_ptr<DeviceInfo> &info = d->known[record.id];
-    if (info)
-        info->setRecord(record);
-    else
-        info = std::make_unique<DeviceInfo>(*this, record);
-    return info.get();
+    DeviceInfo *info = d->object(*this, record);
+    info->setRecord(record);
+    if (d->discovering)
+        d->keptMeanwhile.insert(info);
+    return info;
 }
 
 void Interface::notify(std::uint32_t eventId, const void *data, std::size_t size)

@@ -25,7 +25,7 @@ class InterfacePrivate;
 class Interface : public MoxCam::Interface
 {
 public:
-    Interface(int type, std::string id, std::string description, std::string version, const AdapterFacts &adapter = {});
+    Interface(int type, std::string id, std::string description, std::string version);
     virtual ~Interface();
     Interface(const Interface &) = delete;
     Interface &operator=(const Interface &) = delete;
@@ -46,9 +46,11 @@ public:
     /** Null beyond the last one. */
     DeviceInfo *listedDevice(std::size_t position) const;
 
+    /** The adapter as it is now; all zero for a transport without a network. Any thread. */
+    virtual AdapterFacts adapterFacts() const;
     /** Opens a camera that was found here. Throws a GenICam exception that says why it cannot. */
     virtual std::unique_ptr<Link> openLink(const DeviceRecord &record) = 0;
-    /** Assigns an address that passed `DeviceInfo::ForceIP`; "not implemented" for a transport that has none. */
+    /** As `DeviceInfo::ForceIP`, and keeps what it makes of the camera; "not implemented" without addresses. */
     virtual MoxCamErr forceIp(const DeviceRecord &record, std::uint32_t ip, std::uint32_t netmask,
                               std::uint32_t gateway);
 
@@ -59,7 +61,10 @@ protected:
     /** Asks for a camera at an address, for half a second at most; nothing when none answers. Must not throw. */
     virtual std::optional<DeviceRecord> findByAddress(std::uint32_t address);
 
-    /** The kept object of a camera, brought up to date. It joins the list only when a discovery finds it. Never null. */
+    /**
+     * The kept object of a camera, brought up to date; a discovery that began before does not take it back. It joins
+     * the list only when a discovery finds it. Never null.
+     */
     DeviceInfo *keep(const DeviceRecord &record);
     /** Hands an event with a copy of its data to the callbacks, on the SDK's event thread. From any thread. */
     void notify(std::uint32_t eventId, const void *data, std::size_t size);

@@ -27,7 +27,7 @@ void check(MoxCamErr result)
     case MoxCamError::GenTLAccessDenied:
         throw ACCESS_EXCEPTION("the device is in use");
     case MoxCamError::GenTLInvalidParameter:
-        throw INVALID_ARGUMENT_EXCEPTION("no device can have this address");
+        throw INVALID_ARGUMENT_EXCEPTION("the device cannot have this address");
     default:
         throw RUNTIME_EXCEPTION("the device does not take the address (%d)", int(result));
     }
@@ -39,11 +39,8 @@ void check(MoxCamErr result)
 class InterfaceModulePrivate final : public GenApi_3_0::IPort
 {
 public:
-    InterfaceModulePrivate(Interface &owner, const AdapterFacts &facts, const std::string &description)
-        : interface(owner),
-          adapter(facts),
-          nodeMap(MoxGenApi::createNodeMap(description, *this, "Interface")),
-          params(*nodeMap)
+    InterfaceModulePrivate(Interface &owner, const std::string &description)
+        : interface(owner), nodeMap(MoxGenApi::createNodeMap(description, *this, "Interface")), params(*nodeMap)
     { }
 
     GenApi_3_0::EAccessMode GetAccessMode() const override { return GenApi_3_0::RW; }
@@ -58,7 +55,6 @@ public:
     void force();
 
     Interface &interface;
-    const AdapterFacts adapter;
     std::uint64_t selector = 0;
     std::map<const DeviceInfo *, std::map<Register, std::uint32_t>> written; // values to force, by device
 
@@ -101,24 +97,23 @@ void InterfaceModulePrivate::Write(const void *buffer, std::int64_t address, std
 
 std::uint64_t InterfaceModulePrivate::number(Register place) const
 {
-    const std::uint64_t count = interface.deviceCount();
     switch (place) {
     case Register::DeviceCount:
-        return count;
+        return interface.deviceCount();
     case Register::LastDevice:
-        return count > 0 ? count - 1 : 0;
+        return std::max<std::uint64_t>(interface.deviceCount(), 1) - 1;
     case Register::DeviceSelector:
         return selector;
     case Register::DeviceListed:
-        return selector < count;
+        return selector < interface.deviceCount();
     case Register::AdapterMac:
-        return adapter.macAddress;
+        return interface.adapterFacts().macAddress;
     case Register::AdapterIp:
-        return adapter.ipAddress;
+        return interface.adapterFacts().ipAddress;
     case Register::AdapterNetmask:
-        return adapter.netmask;
+        return interface.adapterFacts().netmask;
     case Register::AdapterGateway:
-        return adapter.gateway;
+        return interface.adapterFacts().gateway;
     default:
         return deviceNumber(place);
     }
@@ -193,8 +188,8 @@ void InterfaceModulePrivate::force()
     written.erase(&info);
 }
 
-InterfaceModule::InterfaceModule(Interface &interface, const AdapterFacts &adapter, const std::string &description)
-    : d(std::make_unique<InterfaceModulePrivate>(interface, adapter, description))
+InterfaceModule::InterfaceModule(Interface &interface, const std::string &description)
+    : d(std::make_unique<InterfaceModulePrivate>(interface, description))
 { }
 
 InterfaceModule::~InterfaceModule() = default;

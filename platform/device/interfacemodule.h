@@ -3,7 +3,6 @@
 #define MOXSDK_INTERFACEMODULE_H
 
 #include "../params/paramarray.h"
-#include "adapterfacts.h"
 
 #include <string>
 
@@ -16,14 +15,15 @@ class InterfaceModulePrivate;
  * A node map over the interface itself: what its adapter is, and at `DeviceSelector` what discovery found last. Owned by
  * its interface. Any thread, also beside a discovery; what was read before it is not kept.
  *
- * The values to force an address with are the selected device's present ones until they are written, and again when the
- * device has taken them. A selector beyond a list that has become shorter stays, and its features are not available.
+ * The values to force an address with are the selected device's present ones until they are written, and again when
+ * `GevDeviceForceIP` has assigned them; an address that came by `DeviceInfo::ForceIP` leaves them. A selector beyond a
+ * list that has become shorter stays, and its features are not available.
  */
 class InterfaceModule
 {
 public:
     /** Throws what the description makes of it. */
-    InterfaceModule(Interface &interface, const AdapterFacts &adapter, const std::string &description);
+    InterfaceModule(Interface &interface, const std::string &description);
     ~InterfaceModule();
     InterfaceModule(const InterfaceModule &) = delete;
     InterfaceModule &operator=(const InterfaceModule &) = delete;

@@ -4,6 +4,9 @@
 
 #include "node.h"
 #include "nodemap.h"
+#include "valuesource.h"
+
+#include <type_traits>
 
 namespace MoxGenApi {
 
@@ -60,6 +63,18 @@ private:
     Node &m_node;
     const Aspect m_aspect;
 };
+
+/** What a node's description says of its presentation, or where it says nothing, what the holder of its value says. */
+template<class Aspect>
+Aspect ownOrTargets(Node &node, ValueSource &source, Aspect own, const std::common_type_t<Aspect> &nothing,
+                    Aspect (Node::*aspect)())
+{
+    Node *target = own == nothing ? source.target() : nullptr;
+    if (!target)
+        return own;
+    const Evaluation guard(node, Evaluation::Presentation);
+    return (target->*aspect)();
+}
 
 } // namespace MoxGenApi
 

@@ -252,32 +252,17 @@ void FloatFeature::resolve()
 
 ERepresentation FloatFeature::representation()
 {
-    const ERepresentation own = FloatNode::representation();
-    Node *target = own == _UndefinedRepresentation ? m_source.target() : nullptr;
-    if (!target)
-        return own;
-    Evaluation guard(*this, Evaluation::Presentation);
-    return target->representation();
+    return ownOrTargets(*this, m_source, FloatNode::representation(), _UndefinedRepresentation, &Node::representation);
 }
 
 std::string FloatFeature::unit()
 {
-    const std::string own = FloatNode::unit();
-    Node *target = own.empty() ? m_source.target() : nullptr;
-    if (!target)
-        return own;
-    Evaluation guard(*this, Evaluation::Presentation);
-    return target->unit();
+    return ownOrTargets(*this, m_source, FloatNode::unit(), {}, &Node::unit);
 }
 
 const std::vector<double> *FloatFeature::validReals()
 {
-    const std::vector<double> *own = FloatNode::validReals();
-    Node *target = own ? nullptr : m_source.target();
-    if (!target)
-        return own;
-    Evaluation guard(*this, Evaluation::Presentation);
-    return target->validReals();
+    return ownOrTargets(*this, m_source, FloatNode::validReals(), nullptr, &Node::validReals);
 }
 
 double FloatFeature::naturalMin()

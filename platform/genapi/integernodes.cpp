@@ -227,32 +227,18 @@ void IntegerFeature::resolve()
 
 ERepresentation IntegerFeature::representation()
 {
-    const ERepresentation own = IntegerNode::representation();
-    Node *target = own == _UndefinedRepresentation ? m_source.target() : nullptr;
-    if (!target)
-        return own;
-    Evaluation guard(*this, Evaluation::Presentation);
-    return target->representation();
+    return ownOrTargets(*this, m_source, IntegerNode::representation(), _UndefinedRepresentation,
+                        &Node::representation);
 }
 
 std::string IntegerFeature::unit()
 {
-    const std::string own = IntegerNode::unit();
-    Node *target = own.empty() ? m_source.target() : nullptr;
-    if (!target)
-        return own;
-    Evaluation guard(*this, Evaluation::Presentation);
-    return target->unit();
+    return ownOrTargets(*this, m_source, IntegerNode::unit(), {}, &Node::unit);
 }
 
 const std::vector<std::int64_t> *IntegerFeature::validIntegers()
 {
-    const std::vector<std::int64_t> *own = IntegerNode::validIntegers();
-    Node *target = own ? nullptr : m_source.target();
-    if (!target)
-        return own;
-    Evaluation guard(*this, Evaluation::Presentation);
-    return target->validIntegers();
+    return ownOrTargets(*this, m_source, IntegerNode::validIntegers(), nullptr, &Node::validIntegers);
 }
 
 std::int64_t IntegerFeature::naturalMin()

@@ -1,5 +1,6 @@
 #include "adapters.h"
 
+#include <fstream>
 #include <ifaddrs.h>
 #include <memory>
 #include <net/if.h>
@@ -50,11 +51,14 @@ std::vector<Adapter> readAdapters()
         Adapter adapter;
         adapter.name = entry->ifa_name;
         // A labelled address ("eth0:1") belongs to the adapter before the colon.
-        adapter.index = ::if_nametoindex(adapter.name.substr(0, adapter.name.find(':')).c_str());
+        const std::string device = adapter.name.substr(0, adapter.name.find(':'));
+        adapter.index = ::if_nametoindex(device.c_str());
         adapter.isLoopback = entry->ifa_flags & IFF_LOOPBACK;
-        adapter.address = hostOrder(entry->ifa_addr);
+        adapter.ipAddress = hostOrder(entry->ifa_addr);
         adapter.netmask = hostOrder(entry->ifa_netmask);
         adapter.macAddress = hardwareAddress(first, adapter.index);
+        std::ifstream routes("/proc/net/route");
+        adapter.gateway = defaultGateway(routes, device);
         adapters.push_back(adapter);
     }
     return adapters;
@@ -65,10 +69,14 @@ std::uint32_t defaultGateway(std::istream &routes, const std::string &adapterNam
     for (std::string line; std::getline(routes, line);) {
         std::istringstream columns(line);
         std::string name;
-        // The bytes of an address as they lie in memory.
+        // Between the gateway and the mask: flags, references, uses, metric. Addresses are bytes as they lie in memory.
+        std::string other;
         std::uint32_t destination = 0;
         std::uint32_t gateway = 0;
-        if (columns >> name >> std::hex >> destination >> gateway && name == adapterName && destination == 0)
+        std::uint32_t mask = 0;
+        columns >> name >> std::hex >> destination >> gateway >> other >> other >> other >> other >> mask;
+        // A virtual private network has a route to each half of all addresses; the default route is for the whole.
+        if (columns && name == adapterName && destination == 0 && mask == 0)
             return ntohl(gateway);
     }
     return 0;

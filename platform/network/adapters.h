@@ -2,6 +2,8 @@
 #ifndef MOXSDK_ADAPTERS_H
 #define MOXSDK_ADAPTERS_H
 
+#include "../device/adapterfacts.h"
+
 #include <cstdint>
 #include <iosfwd>
 #include <string>
@@ -9,18 +11,14 @@
 
 namespace MoxSdk {
 
-/** One IPv4 address of a network adapter. Addresses have their first dotted number in the top byte. */
-struct Adapter
+/** One IPv4 address of a network adapter. */
+struct Adapter : AdapterFacts
 {
     std::string name;
     unsigned int index = 0; ///< the system's number for the adapter
     bool isLoopback = false;
-    std::uint64_t macAddress = 0; ///< 6 bytes, the first one on top; 0 without one
-    std::uint32_t address = 0;
-    std::uint32_t netmask = 0;
 
-    std::uint32_t broadcast() const { return address | ~netmask; }
-    bool contains(std::uint32_t ip) const { return (ip & netmask) == (address & netmask); }
+    std::uint32_t broadcast() const { return ipAddress | ~netmask; }
 };
 
 /** The addresses of adapters that are up and reach more than one peer, in the system's order. */

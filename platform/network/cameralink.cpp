@@ -37,7 +37,7 @@ template<class Access> auto CameraLink::access(Access function)
 }
 
 CameraLink::CameraLink(const Opener &opens, Opener reopens)
-    : m_reopens(std::move(reopens)), m_channel(opens()), m_thread([this] { watch(); })
+    : m_reopens(std::move(reopens)), m_channel(opens(m_stop)), m_thread([this] { watch(); })
 { }
 
 CameraLink::~CameraLink()
@@ -46,8 +46,11 @@ CameraLink::~CameraLink()
         const std::lock_guard<std::mutex> lock(m_wakeMutex);
         m_ending = true;
     }
+    m_stop.raise();
     m_wakeUp.notify_all();
     m_thread.join();
+    // The channel may wait for the camera to hear that it is given up.
+    m_stop.lower();
 }
 
 std::string CameraLink::description()
@@ -126,7 +129,7 @@ void CameraLink::reopen()
     }
     old.reset();
     try {
-        std::unique_ptr<Channel> channel = m_reopens();
+        std::unique_ptr<Channel> channel = m_reopens(m_stop);
         const std::lock_guard<std::mutex> lock(m_channelMutex);
         m_channel = std::move(channel);
         m_connected = true;

@@ -4,6 +4,7 @@
 
 #include "../device/link.h"
 #include "channel.h"
+#include "stopsignal.h"
 
 #include <atomic>
 #include <condition_variable>
@@ -22,8 +23,11 @@ namespace MoxSdk {
 class CameraLink final : public Link, private GenApi_3_0::IPort
 {
 public:
-    /** Opens the camera. Called again, on the link's thread, to get a lost camera back; throws when it cannot. */
-    using Opener = std::function<std::unique_ptr<Channel>()>;
+    /**
+     * Opens the camera; throws when it cannot. Called again, on the link's thread, to get a lost camera back. @p stop
+     * lives as long as the link, and is raised to end the waits of an opening when the link goes.
+     */
+    using Opener = std::function<std::unique_ptr<Channel>(const StopSignal &stop)>;
 
     /** @p opens is how the camera is opened now, @p reopens how it is found again. Throws what @p opens throws. */
     CameraLink(const Opener &opens, Opener reopens);
@@ -48,6 +52,7 @@ private:
     void wake();
 
     const Opener m_reopens;
+    StopSignal m_stop; // before the channel, which may use it
     std::atomic<bool> m_connected{true};
 
     std::mutex m_channelMutex; // held during an access

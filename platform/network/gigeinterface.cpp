@@ -1,37 +1,36 @@
 #include "gigeinterface.h"
 
+#include "../device/dottedaddress.h"
 #include "cameralink.h"
 #include "gvcpchannel.h"
 #include "gvcpdiscovery.h"
 #include "gvcpforceip.h"
 
 #include <algorithm>
-#include <fstream>
 
 namespace MoxSdk {
 
 namespace {
 
 /** An adapter that went and came back may have another number and another netmask. */
-Adapter current(const Adapter &adapter)
+Adapter current(const Adapter &adapter, const std::vector<Adapter> &adapters = readAdapters())
 {
-    const std::vector<Adapter> adapters = readAdapters();
     const auto found = std::find_if(adapters.begin(), adapters.end(), [&](const Adapter &candidate) {
-        return candidate.name == adapter.name && candidate.address == adapter.address;
+        return candidate.name == adapter.name && candidate.ipAddress == adapter.ipAddress;
     });
     return found == adapters.end() ? adapter : *found;
 }
 
-AdapterFacts facts(const Adapter &adapter)
+GvcpDiscovery searchOn(const Adapter &kept, std::uint16_t port)
 {
-    std::ifstream routes("/proc/net/route");
-    return {adapter.macAddress, adapter.address, adapter.netmask, defaultGateway(routes, adapter.name)};
+    const std::vector<Adapter> adapters = readAdapters();
+    return GvcpDiscovery(current(kept, adapters), port, adapters);
 }
 
 /** A quick search for one camera, at whatever address it is now. */
-std::optional<DeviceRecord> findById(const Adapter &adapter, std::uint16_t port, const std::string &id)
+std::optional<DeviceRecord> findById(const Adapter &kept, std::uint16_t port, const std::string &id)
 {
-    const auto records = GvcpDiscovery(adapter, port).run(std::chrono::milliseconds(200));
+    const auto records = searchOn(kept, port).run(std::chrono::milliseconds(200));
     const auto found =
         std::find_if(records.begin(), records.end(), [&](const DeviceRecord &candidate) { return candidate.id == id; });
     return found == records.end() ? std::nullopt : std::optional(*found);
@@ -58,29 +57,32 @@ MoxCamErr resultOf(std::uint16_t status)
 } // namespace
 
 GigEInterface::GigEInterface(const std::string &id, const Adapter &adapter, std::uint16_t port)
-    : Interface(MoxCam::InterfaceGigEVision, id, adapter.name + " (" + dotted(adapter.address) + ')', "2.0",
-                facts(adapter)),
+    : Interface(MoxCam::InterfaceGigEVision, id, adapter.name + " (" + dotted(adapter.ipAddress) + ')', "2.0"),
       m_adapter(adapter),
       m_port(port)
 { }
 
+AdapterFacts GigEInterface::adapterFacts() const
+{
+    return current(m_adapter);
+}
+
 std::unique_ptr<Link> GigEInterface::openLink(const DeviceRecord &record)
 {
-    const Adapter adapter = current(m_adapter);
-    if (!adapter.contains(record.ipAddress))
-        throw ACCESS_EXCEPTION("the camera's address %s is not in the subnet of %s", dotted(record.ipAddress).c_str(),
-                               GetDescription());
-    // The link may outlive this object's use, so it takes copies with it.
-    const auto opens = [adapter, port = m_port, address = record.ipAddress] {
-        return std::make_unique<GvcpChannel>(adapter, address, port);
+    // The link may outlive this object's use, so it takes copies with it. In whatever subnet the camera is, there may
+    // be a way to it: the channel finds out.
+    const auto opens = [kept = m_adapter, port = m_port, address = record.ipAddress](const StopSignal &stop) {
+        return std::make_unique<GvcpChannel>(current(kept), address, port, &stop);
     };
-    // A camera that was switched off and on again may have another address.
-    const auto reopens = [kept = m_adapter, port = m_port, id = record.id]() -> std::unique_ptr<Channel> {
-        const Adapter present = current(kept);
-        const std::optional<DeviceRecord> found = findById(present, port, id);
-        if (!found || !present.contains(found->ipAddress))
+    const auto reopens = [kept = m_adapter, port = m_port, id = record.id,
+                          address = record.ipAddress](const StopSignal &stop) {
+        // A camera that was switched off and on again may have another address; one that no broadcast reaches has not.
+        std::optional<DeviceRecord> found = findById(kept, port, id);
+        if (!found || found->accessStatus == MoxCam::AccessSubnetMismatch)
+            found = searchOn(kept, port).find(address, std::chrono::milliseconds(200));
+        if (!found || found->id != id)
             throw TIMEOUT_EXCEPTION("the camera is not found");
-        return std::make_unique<GvcpChannel>(present, found->ipAddress, port);
+        return std::make_unique<GvcpChannel>(current(kept), found->ipAddress, port, &stop);
     };
     return std::make_unique<CameraLink>(opens, reopens);
 }
@@ -96,11 +98,11 @@ MoxCamErr GigEInterface::forceIp(const DeviceRecord &record, std::uint32_t ip, s
     if (status && *status != Gvcp::Success)
         return resultOf(*status);
     // Some cameras change their address without a word, others say yes and need a while for it.
-    const std::optional<DeviceRecord> found = findById(adapter, m_port, record.id);
+    const std::optional<DeviceRecord> found = findById(m_adapter, m_port, record.id);
     const bool arrived = found && ip != 0 && found->ipAddress == ip;
     if (!status && !arrived)
         return MoxCamError::GenTLTimeout;
-    if (arrived) {
+    if (found && (arrived || ip == 0)) {
         keep(*found);
     } else if (ip != 0) {
         DeviceRecord expected = record;
@@ -115,12 +117,12 @@ MoxCamErr GigEInterface::forceIp(const DeviceRecord &record, std::uint32_t ip, s
 
 std::vector<DeviceRecord> GigEInterface::discover(std::chrono::milliseconds limit)
 {
-    return GvcpDiscovery(current(m_adapter), m_port).run(limit);
+    return searchOn(m_adapter, m_port).run(limit);
 }
 
 std::optional<DeviceRecord> GigEInterface::findByAddress(std::uint32_t address)
 {
-    return GvcpDiscovery(current(m_adapter), m_port).find(address, std::chrono::milliseconds(500));
+    return searchOn(m_adapter, m_port).find(address, std::chrono::milliseconds(500));
 }
 
 } // namespace MoxSdk

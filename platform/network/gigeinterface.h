@@ -14,8 +14,9 @@ class GigEInterface final : public Interface
 public:
     GigEInterface(const std::string &id, const Adapter &adapter, std::uint16_t port = Gvcp::standardPort);
 
+    AdapterFacts adapterFacts() const override;
     std::unique_ptr<Link> openLink(const DeviceRecord &record) override;
-    /** Takes up to 1.2 s, most of it when the camera does not answer. */
+    /** Takes 0.2 s, and up to 1.2 s when the camera does not answer. */
     MoxCamErr forceIp(const DeviceRecord &record, std::uint32_t ip, std::uint32_t netmask,
                       std::uint32_t gateway) override;
 

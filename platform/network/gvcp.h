@@ -58,15 +58,19 @@ std::uint16_t nextRequestId();
 
 /** Asks every camera that hears it who it is, also those whose answer must be a broadcast. */
 Packet discoveryCommand(std::uint16_t id);
-/** Tells the camera with a hardware address, in whatever subnet it is, to take an address until its next start. */
+
+/** An address for the camera with a hardware address, until its next start. */
 struct AddressAssignment
 {
-    std::uint64_t macAddress = 0;
+    std::uint64_t macAddress = 0; ///< of the camera that is meant; the others pass over it
     std::uint32_t ipAddress = 0; ///< 0: the camera is to look for an address by itself
     std::uint32_t netmask = 0;
     std::uint32_t gateway = 0;
 };
-/** Allows an answer by broadcast too: the camera may not be able to send to this host yet. */
+/**
+ * Tells a camera, in whatever subnet it is, to take an address. Allows an answer by broadcast too: the camera may not
+ * be able to send to this host yet.
+ */
 Packet forceIpCommand(std::uint16_t id, const AddressAssignment &assignment);
 
 Packet readRegisterCommand(std::uint16_t id, std::uint32_t address);

@@ -1,6 +1,6 @@
 #include "gvcpchannel.h"
 
-#include "../device/devicerecord.h"
+#include "../device/dottedaddress.h"
 #include "packeddescription.h"
 
 #include <Base/GCException.h>
@@ -47,9 +47,11 @@ template<class Function> void forEachBlock(std::size_t length, Function function
 
 } // namespace
 
-GvcpChannel::GvcpChannel(const Adapter &adapter, std::uint32_t cameraAddress, std::uint16_t port)
+GvcpChannel::GvcpChannel(const Adapter &adapter, std::uint32_t cameraAddress, std::uint16_t port,
+                         const StopSignal *stop)
+    : m_socket(stop)
 {
-    if (!m_socket.connectTo(adapter.address, cameraAddress, port))
+    if (!m_socket.connectTo(adapter.ipAddress, cameraAddress, port))
         throw RUNTIME_EXCEPTION("%s cannot be reached through %s", dotted(cameraAddress).c_str(), adapter.name.c_str());
     // Asked first, since some cameras leave a request for control unanswered while another application has it.
     if (readRegister(Gvcp::ControlChannelPrivilege) & (Gvcp::ExclusiveAccess | Gvcp::ControlAccess))

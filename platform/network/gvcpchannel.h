@@ -14,8 +14,12 @@ namespace MoxSdk {
 class GvcpChannel final : public Channel
 {
 public:
-    /** Takes control; throws AccessException when another application has it, TimeoutException when nothing answers. */
-    GvcpChannel(const Adapter &adapter, std::uint32_t cameraAddress, std::uint16_t port = Gvcp::standardPort);
+    /**
+     * Takes control; throws AccessException when another application has it, TimeoutException when nothing answers.
+     * @p stop, which may be null, ends the waits for answers while it is raised; it must outlive the channel.
+     */
+    GvcpChannel(const Adapter &adapter, std::uint32_t cameraAddress, std::uint16_t port = Gvcp::standardPort,
+                const StopSignal *stop = nullptr);
     ~GvcpChannel() override;
 
     std::string description() override;

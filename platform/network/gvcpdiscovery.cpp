@@ -1,5 +1,7 @@
 #include "gvcpdiscovery.h"
 
+#include "../device/dottedaddress.h"
+
 #include <algorithm>
 #include <cstdio>
 
@@ -21,13 +23,14 @@ std::string stableId(const Gvcp::DiscoveryAnswer &answer)
 
 } // namespace
 
-GvcpDiscovery::GvcpDiscovery(const Adapter &adapter, std::uint16_t port)
-    : m_adapter(adapter), m_port(port), m_discoveryId(Gvcp::nextRequestId()), m_allAdapters(readAdapters())
+GvcpDiscovery::GvcpDiscovery(const Adapter &adapter, std::uint16_t port, const std::vector<Adapter> &all)
+    : m_adapter(adapter), m_port(port), m_discoveryId(Gvcp::nextRequestId()), m_allAdapters(all)
 { }
 
 std::vector<DeviceRecord> GvcpDiscovery::run(std::chrono::milliseconds limit)
 {
     const Gvcp::Packet command = Gvcp::discoveryCommand(m_discoveryId);
+    // Once more half-way, and not in each round: every camera of the network answers.
     const auto ask = [&](int round) {
         return round % 2 != 0 || m_socket.broadcastThrough(m_adapter, m_port, command) || round > 0;
     };
@@ -45,9 +48,10 @@ std::optional<DeviceRecord> GvcpDiscovery::find(std::uint32_t address, std::chro
         return std::find_if(m_cameras.begin(), m_cameras.end(),
                             [&](const auto &entry) { return entry.second.record.ipAddress == address; });
     };
-    const auto ask = [&](int) {
-        return found() != m_cameras.end() || m_socket.sendThrough(m_adapter, address, m_port, command);
+    const auto ask = [&](int round) {
+        return found() != m_cameras.end() || m_socket.sendThrough(m_adapter, address, m_port, command) || round > 0;
     };
+    m_asked = address;
     search(limit, ask, [&] { return found() != m_cameras.end() && found()->second.privilegeId == 0; });
     return found() == m_cameras.end() ? std::nullopt : std::optional(found()->second.record);
 }
@@ -58,7 +62,7 @@ template<class Ask, class IsDone> void GvcpDiscovery::search(std::chrono::millis
     if (!m_socket.listen())
         return;
 
-    // Datagrams get lost: the search is repeated half-way, and what nobody answered is asked again in each round.
+    // Datagrams get lost: what nobody answered is asked again in each round.
     constexpr int rounds = 4;
     for (int round = 0; round < rounds; ++round) {
         if (!ask(round))
@@ -86,7 +90,7 @@ void GvcpDiscovery::askPrivilege(const Camera &camera)
 void GvcpDiscovery::handle(const UdpSocket::Datagram &datagram)
 {
     // The answer to a broadcast on another adapter is not for this search, an answer from this very machine is.
-    if (datagram.adapterIndex != m_adapter.index && datagram.destination != m_adapter.address)
+    if (datagram.adapterIndex != m_adapter.index && datagram.destination != m_adapter.ipAddress)
         return;
     const auto acknowledge = Gvcp::parseAcknowledge(datagram.bytes);
     if (!acknowledge)
@@ -96,11 +100,14 @@ void GvcpDiscovery::handle(const UdpSocket::Datagram &datagram)
         return;
     }
     const auto answer = Gvcp::parseDiscovery(*acknowledge);
-    if (answer && !isAnothers(datagram, answer->ipAddress))
-        addCamera(*answer);
+    if (!answer)
+        return;
+    const bool isAsked = datagram.source == m_asked && answer->ipAddress == m_asked;
+    if (isAsked || !isAnothers(datagram, answer->ipAddress))
+        addCamera(*answer, isAsked || m_adapter.contains(answer->ipAddress));
 }
 
-void GvcpDiscovery::addCamera(const Gvcp::DiscoveryAnswer &answer)
+void GvcpDiscovery::addCamera(const Gvcp::DiscoveryAnswer &answer, bool isReached)
 {
     const auto [position, isNew] = m_cameras.try_emplace(stableId(answer));
     // One camera hears several broadcasts.
@@ -118,7 +125,7 @@ void GvcpDiscovery::addCamera(const Gvcp::DiscoveryAnswer &answer)
     camera.record.ipAddress = answer.ipAddress;
     camera.record.netmask = answer.netmask;
     camera.record.gateway = answer.gateway;
-    if (!m_adapter.contains(answer.ipAddress)) {
+    if (!isReached) {
         camera.record.accessStatus = MoxCam::AccessSubnetMismatch;
         return;
     }
@@ -152,7 +159,7 @@ bool GvcpDiscovery::isAnothers(const UdpSocket::Datagram &datagram, std::uint32_
     if (m_adapter.contains(cameraAddress))
         return false;
     const bool fromThisMachine = std::any_of(m_allAdapters.begin(), m_allAdapters.end(), [&](const Adapter &adapter) {
-        return adapter.address == datagram.source;
+        return adapter.ipAddress == datagram.source;
     });
     return std::any_of(m_allAdapters.begin(), m_allAdapters.end(), [&](const Adapter &adapter) {
         return (fromThisMachine || adapter.index == m_adapter.index) && adapter.contains(cameraAddress);

@@ -18,7 +18,8 @@ namespace MoxSdk {
 class GvcpDiscovery
 {
 public:
-    explicit GvcpDiscovery(const Adapter &adapter, std::uint16_t port = Gvcp::standardPort);
+    /** @p all are the addresses of the machine, by which answers to another adapter's search are known. */
+    GvcpDiscovery(const Adapter &adapter, std::uint16_t port, const std::vector<Adapter> &all = readAdapters());
 
     /**
      * Listens for the whole of @p limit, since cameras may answer late; at once back when the adapter cannot send. One
@@ -30,7 +31,7 @@ public:
     std::vector<DeviceRecord> run(std::chrono::milliseconds limit);
     /**
      * As `run`, for the camera at one address, which may be one that no broadcast reaches; back as soon as all is known
-     * of it.
+     * of it. A camera that answers from that address is reached, in whatever subnet it is, so its privilege decides.
      */
     std::optional<DeviceRecord> find(std::uint32_t address, std::chrono::milliseconds limit);
 
@@ -45,7 +46,7 @@ private:
     template<class Ask, class IsDone> void search(std::chrono::milliseconds limit, Ask ask, IsDone isDone);
     void askPrivilege(const Camera &camera);
     void handle(const UdpSocket::Datagram &datagram);
-    void addCamera(const Gvcp::DiscoveryAnswer &answer);
+    void addCamera(const Gvcp::DiscoveryAnswer &answer, bool isReached);
     void setPrivilege(const Gvcp::Acknowledge &acknowledge, std::uint32_t source);
     bool isAnothers(const UdpSocket::Datagram &datagram, std::uint32_t cameraAddress) const;
 
@@ -54,6 +55,7 @@ private:
     const std::uint16_t m_discoveryId;
     const std::vector<Adapter> m_allAdapters;
     UdpSocket m_socket;
+    std::optional<std::uint32_t> m_asked; // the one address that is asked
     std::map<std::string, Camera> m_cameras;
 };
 

@@ -1,5 +1,6 @@
 #include "networkbackend.h"
 
+#include "../device/dottedaddress.h"
 #include "gigeinterface.h"
 #include "usbinterface.h"
 
@@ -32,9 +33,9 @@ std::vector<Interface *> NetworkBackend::interfaces()
         // The first address leaves the adapter's own id as it is, also when others are added to it.
         std::string id = "GEV::" + adapter.name;
         if (std::find(ids.begin(), ids.end(), id) != ids.end())
-            id += '/' + dotted(adapter.address);
+            id += '/' + dotted(adapter.ipAddress);
         ids.push_back(id);
-        std::unique_ptr<GigEInterface> &known = m_known[{id, adapter.address}];
+        std::unique_ptr<GigEInterface> &known = m_known[{id, adapter.ipAddress}];
         if (!known)
             known = std::make_unique<GigEInterface>(id, adapter);
         result.push_back(known.get());

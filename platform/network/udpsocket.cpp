@@ -28,6 +28,27 @@ union Control {
     char bytes[CMSG_SPACE(sizeof(in_pktinfo))];
 };
 
+/** One datagram for the system, which points into itself: its bytes, its peer, and the adapter that it passes. */
+struct Message
+{
+    Message(std::uint8_t *bytes, std::size_t length) : data{bytes, length}
+    {
+        header.msg_name = &peer;
+        header.msg_namelen = sizeof peer;
+        header.msg_iov = &data;
+        header.msg_iovlen = 1;
+        header.msg_control = &control;
+        header.msg_controllen = sizeof control;
+    }
+    Message(const Message &) = delete;
+    Message &operator=(const Message &) = delete;
+
+    sockaddr_in peer{};
+    iovec data;
+    msghdr header{};
+    Control control{}; // last, since it ends with an array of open length
+};
+
 int remainingMilliseconds(UdpSocket::Clock::time_point deadline)
 {
     using namespace std::chrono;
@@ -38,7 +59,8 @@ int remainingMilliseconds(UdpSocket::Clock::time_point deadline)
 
 } // namespace
 
-UdpSocket::UdpSocket() : m_descriptor(::socket(AF_INET, SOCK_DGRAM | SOCK_CLOEXEC, 0))
+UdpSocket::UdpSocket(const StopSignal *stop)
+    : m_stop(stop ? stop->descriptor() : -1), m_descriptor(::socket(AF_INET, SOCK_DGRAM | SOCK_CLOEXEC, 0))
 {
     const int on = 1;
     ::setsockopt(m_descriptor, SOL_SOCKET, SO_BROADCAST, &on, sizeof on);
@@ -73,26 +95,18 @@ bool UdpSocket::send(const Gvcp::Packet &packet)
 bool UdpSocket::sendThrough(const Adapter &adapter, std::uint32_t destination, std::uint16_t port,
                             const Gvcp::Packet &packet)
 {
-    sockaddr_in there = socketAddress(destination, port);
-    iovec data{const_cast<std::uint8_t *>(packet.data()), packet.size()};
-    Control control{};
-    msghdr message{};
-    message.msg_name = &there;
-    message.msg_namelen = sizeof there;
-    message.msg_iov = &data;
-    message.msg_iovlen = 1;
-    message.msg_control = &control;
-    message.msg_controllen = sizeof control;
+    Message message(const_cast<std::uint8_t *>(packet.data()), packet.size());
+    message.peer = socketAddress(destination, port);
 
     in_pktinfo information{};
     information.ipi_ifindex = static_cast<int>(adapter.index);
-    information.ipi_spec_dst.s_addr = htonl(adapter.address);
-    cmsghdr *header = CMSG_FIRSTHDR(&message);
+    information.ipi_spec_dst.s_addr = htonl(adapter.ipAddress);
+    cmsghdr *header = CMSG_FIRSTHDR(&message.header);
     header->cmsg_level = IPPROTO_IP;
     header->cmsg_type = IP_PKTINFO;
     header->cmsg_len = CMSG_LEN(sizeof information);
     std::memcpy(CMSG_DATA(header), &information, sizeof information);
-    return ::sendmsg(m_descriptor, &message, 0) == static_cast<ssize_t>(packet.size());
+    return ::sendmsg(m_descriptor, &message.header, 0) == static_cast<ssize_t>(packet.size());
 }
 
 bool UdpSocket::broadcastThrough(const Adapter &adapter, std::uint16_t port, const Gvcp::Packet &packet)
@@ -101,7 +115,7 @@ bool UdpSocket::broadcastThrough(const Adapter &adapter, std::uint16_t port, con
     // filtered, and a program on the loopback adapter may listen on its address alone.
     std::set<std::uint32_t> destinations{INADDR_BROADCAST, adapter.broadcast()};
     if (adapter.isLoopback)
-        destinations.insert(adapter.address);
+        destinations.insert(adapter.ipAddress);
     bool sent = false;
     for (std::uint32_t destination : destinations)
         sent |= sendThrough(adapter, destination, port, packet);
@@ -110,33 +124,27 @@ bool UdpSocket::broadcastThrough(const Adapter &adapter, std::uint16_t port, con
 
 std::optional<UdpSocket::Datagram> UdpSocket::receive(Clock::time_point deadline)
 {
-    pollfd waiting{m_descriptor, POLLIN, 0};
+    // Looked at first: datagrams that never stop coming would keep a caller beyond it.
+    if (Clock::now() >= deadline)
+        return std::nullopt;
+    pollfd waiting[] = {{m_descriptor, POLLIN, 0}, {m_stop, POLLIN, 0}};
     int ready = 0;
     do {
-        ready = ::poll(&waiting, 1, remainingMilliseconds(deadline));
+        ready = ::poll(waiting, 2, remainingMilliseconds(deadline));
     } while (ready < 0 && errno == EINTR);
-    if (ready <= 0)
+    if (ready <= 0 || waiting[1].revents)
         return std::nullopt;
 
     Datagram datagram;
     datagram.bytes.resize(2048);
-    iovec data{datagram.bytes.data(), datagram.bytes.size()};
-    sockaddr_in source{};
-    Control control{};
-    msghdr message{};
-    message.msg_name = &source;
-    message.msg_namelen = sizeof source;
-    message.msg_iov = &data;
-    message.msg_iovlen = 1;
-    message.msg_control = &control;
-    message.msg_controllen = sizeof control;
-    const ssize_t length = ::recvmsg(m_descriptor, &message, MSG_DONTWAIT);
+    Message message(datagram.bytes.data(), datagram.bytes.size());
+    const ssize_t length = ::recvmsg(m_descriptor, &message.header, MSG_DONTWAIT);
     if (length < 0)
         return std::nullopt;
     datagram.bytes.resize(static_cast<std::size_t>(length));
-    datagram.source = ntohl(source.sin_addr.s_addr);
+    datagram.source = ntohl(message.peer.sin_addr.s_addr);
 
-    for (cmsghdr *header = CMSG_FIRSTHDR(&message); header; header = CMSG_NXTHDR(&message, header)) {
+    for (cmsghdr *header = CMSG_FIRSTHDR(&message.header); header; header = CMSG_NXTHDR(&message.header, header)) {
         if (header->cmsg_level != IPPROTO_IP || header->cmsg_type != IP_PKTINFO)
             continue;
         in_pktinfo information{};

@@ -4,6 +4,7 @@
 
 #include "adapters.h"
 #include "gvcp.h"
+#include "stopsignal.h"
 
 #include <chrono>
 #include <optional>
@@ -24,7 +25,8 @@ public:
         unsigned int adapterIndex = 0; ///< the adapter that it came in on
     };
 
-    UdpSocket();
+    /** @p stop, which may be null, ends every wait while it is raised; it must outlive the socket. */
+    explicit UdpSocket(const StopSignal *stop = nullptr);
     ~UdpSocket();
     UdpSocket(const UdpSocket &) = delete;
     UdpSocket &operator=(const UdpSocket &) = delete;
@@ -41,11 +43,15 @@ public:
     /** As `sendThrough`, to all that an adapter reaches, also in other subnets; false when none of it went out. */
     bool broadcastThrough(const Adapter &adapter, std::uint16_t port, const Gvcp::Packet &packet);
 
-    /** The next datagram; nothing at the deadline, and before it when the peer's machine says that nobody listens. */
+    /**
+     * The next datagram; nothing at the deadline, and before it when the stop signal is raised or the peer's machine
+     * says that nobody listens.
+     */
     std::optional<Datagram> receive(Clock::time_point deadline);
 
 private:
-    int m_descriptor;
+    const int m_stop; // -1 without a signal, which the system passes over
+    const int m_descriptor;
 };
 
 } // namespace MoxSdk

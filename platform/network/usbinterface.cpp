@@ -13,7 +13,7 @@ UsbInterface::UsbInterface() : Interface(MoxCam::InterfaceUsb3Vision, "U3V::USB"
 
 std::unique_ptr<Link> UsbInterface::openLink(const DeviceRecord &record)
 {
-    const auto opens = [id = record.id] { return std::make_unique<UsbChannel>(id); };
+    const auto opens = [id = record.id](const StopSignal &) { return std::make_unique<UsbChannel>(id); };
     return std::make_unique<CameraLink>(opens, opens);
 }
 

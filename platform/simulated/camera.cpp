@@ -1,12 +1,26 @@
 #include "camera.h"
 
 #include "../device/eventthread.h"
+#include "cameraplan.h"
 
 #include <Base/GCException.h>
 
 #include <thread>
 
 namespace MoxSdk {
+
+namespace {
+
+/** Whether a host could have that address in that subnet; the subnet's own and its broadcast address are nobody's. */
+bool isHostAddress(std::uint32_t address, std::uint32_t netmask)
+{
+    const std::uint32_t host = ~netmask;
+    const bool wholeMask = netmask != 0 && (host & (host + 1)) == 0;
+    const bool unicast = address >> 24 != 0 && address >> 24 < 224;
+    return wholeMask && unicast && (address & host) != 0 && (address & host) != host;
+}
+
+} // namespace
 
 void ListenerSlot::set(Link::Listener listener)
 {
@@ -104,11 +118,24 @@ template<typename Change> void Camera::changePresence(const Change &change)
         EventThread::instance().post([slot = m_controller, after] { slot->call(after); });
 }
 
-void Camera::setReach(MoxSim::Reach reach, std::uint32_t ipAddress)
+void Camera::setReach(MoxSim::Reach reach)
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
+    startAt(reach);
+}
+
+void Camera::startAt(MoxSim::Reach reach)
+{
+    const AdapterFacts adapter = adapterFacts(m_plan.position.interfaceType, m_plan.position.interfaceNumber);
+    takeAddress(reach, cameraAddress(m_plan.position, reach), adapter.netmask, 0);
+}
+
+void Camera::takeAddress(MoxSim::Reach reach, std::uint32_t ip, std::uint32_t netmask, std::uint32_t gateway)
+{
     m_plan.reach = reach;
-    m_plan.record.ipAddress = ipAddress;
+    m_plan.record.ipAddress = ip;
+    m_plan.record.netmask = netmask;
+    m_plan.record.gateway = gateway;
     writeAddresses();
 }
 
@@ -118,7 +145,7 @@ MoxSim::Reach Camera::reach() const
     return m_plan.reach;
 }
 
-MoxCamErr Camera::forceIp(const AdapterFacts &adapter, std::uint32_t ip, std::uint32_t netmask, std::uint32_t gateway)
+MoxCamErr Camera::forceIp(std::uint32_t ip, std::uint32_t netmask, std::uint32_t gateway)
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
     // It is told by broadcast, which this reach does not hear.
@@ -126,14 +153,15 @@ MoxCamErr Camera::forceIp(const AdapterFacts &adapter, std::uint32_t ip, std::ui
         return MoxCamError::GenTLTimeout;
     if (m_plan.reach == MoxSim::Reach::Busy || m_controller)
         return MoxCamError::GenTLAccessDenied;
-    // The camera is to find an address by itself: it takes the one that it has.
-    if (ip == 0)
+    if (ip == 0) {
+        // The camera is to look for an address by itself, and its network gives it one.
+        startAt(MoxSim::Reach::Open);
         return MoxCamError::Success;
-    m_plan.reach = adapter.contains(ip) ? MoxSim::Reach::Open : MoxSim::Reach::WrongSubnet;
-    m_plan.record.ipAddress = ip;
-    m_plan.record.netmask = netmask;
-    m_plan.record.gateway = gateway;
-    writeAddresses();
+    }
+    if (!isHostAddress(ip, netmask))
+        return MoxCamError::GenTLInvalidParameter;
+    const AdapterFacts adapter = adapterFacts(m_plan.position.interfaceType, m_plan.position.interfaceNumber);
+    takeAddress(adapter.contains(ip) ? MoxSim::Reach::Open : MoxSim::Reach::WrongSubnet, ip, netmask, gateway);
     return MoxCamError::Success;
 }
 

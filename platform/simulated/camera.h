@@ -2,7 +2,6 @@
 #ifndef MOXSDK_SIMULATEDCAMERA_H
 #define MOXSDK_SIMULATEDCAMERA_H
 
-#include "../device/adapterfacts.h"
 #include "../device/devicerecord.h"
 #include "../device/link.h"
 #include "firmware.h"
@@ -29,9 +28,18 @@ private:
     Link::Listener m_listener;
 };
 
+/** Where a camera hangs: what makes its addresses. */
+struct CameraPosition
+{
+    int interfaceType = 0;
+    unsigned interfaceNumber = 0;
+    unsigned cameraNumber = 0;
+};
+
 /** What a camera is made of: found out before it is plugged in. */
 struct CameraPlan
 {
+    CameraPosition position;
     MoxSim::Model model = MoxSim::Model::Plain;
     std::shared_ptr<const std::string> description;
     /** Null for a camera with a description of the user's: its registers only store. */
@@ -60,10 +68,14 @@ public:
     bool isPlugged() const;
     /** Whether the interface that the camera hangs on is there. */
     void setInterfacePlugged(bool plugged);
-    void setReach(MoxSim::Reach reach, std::uint32_t ipAddress);
+    /** Gives the camera the address, netmask and gateway that it starts with at that reach. */
+    void setReach(MoxSim::Reach reach);
     MoxSim::Reach reach() const;
-    /** Takes an address, which puts the camera inside or outside the adapter's subnet. The result is the SDK's. */
-    MoxCamErr forceIp(const AdapterFacts &adapter, std::uint32_t ip, std::uint32_t netmask, std::uint32_t gateway);
+    /**
+     * Takes an address, which puts the camera inside or outside the adapter's subnet; for 0 its network gives it one
+     * inside. Refuses what no host can have. The result is the SDK's.
+     */
+    MoxCamErr forceIp(std::uint32_t ip, std::uint32_t netmask, std::uint32_t gateway);
     void setUserName(const std::string &userName);
 
     void setAccessDelay(std::chrono::milliseconds delay);
@@ -86,6 +98,8 @@ private:
     /** Changes what makes the camera reachable and tells the link when that made a difference. */
     template<typename Change> void changePresence(const Change &change);
     void writeIdentity();
+    void takeAddress(MoxSim::Reach reach, std::uint32_t ip, std::uint32_t netmask, std::uint32_t gateway);
+    void startAt(MoxSim::Reach reach);
     void writeAddresses();
 
     mutable std::mutex m_mutex;

@@ -102,6 +102,7 @@ std::uint32_t cameraAddress(const CameraPosition &position, MoxSim::Reach reach)
 CameraPlan planCamera(const MoxSim::CameraSetup &setup, const CameraPosition &position)
 {
     CameraPlan plan;
+    plan.position = position;
     plan.model = setup.model;
     plan.slowLink = setup.slowLink;
     plan.reach = setup.reach;

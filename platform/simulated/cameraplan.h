@@ -7,14 +7,6 @@
 
 namespace MoxSdk {
 
-/** Where a camera hangs: what makes its addresses. */
-struct CameraPosition
-{
-    int interfaceType = 0;
-    unsigned interfaceNumber = 0;
-    unsigned cameraNumber = 0;
-};
-
 /** The plan of a camera; the setup has its serial number. Throws std::runtime_error when its file cannot be used. */
 CameraPlan planCamera(const MoxSim::CameraSetup &setup, const CameraPosition &position);
 

@@ -1,6 +1,7 @@
 // The functions of MoxSimulation.h that concern the simulated world.
 #include <MoxCameraApi/MoxSimulation.h>
 
+#include "../device/dottedaddress.h"
 #include "descriptions.h"
 #include "world.h"
 
@@ -72,12 +73,18 @@ void setInterfacePlugged(const std::string &interfaceId, bool plugged)
 
 void setReach(const std::string &cameraId, Reach reach)
 {
-    world().setReach(cameraId, reach);
+    world().camera(cameraId)->setReach(reach);
 }
 
 Reach reach(const std::string &cameraId)
 {
     return world().camera(cameraId)->reach();
+}
+
+std::string ipAddress(const std::string &cameraId)
+{
+    const std::uint32_t address = world().camera(cameraId)->record().ipAddress;
+    return address ? MoxSdk::dotted(address) : std::string();
 }
 
 void setUserName(const std::string &cameraId, const std::string &userName)

@@ -32,10 +32,13 @@ const char *transportVersion(int type)
 } // namespace
 
 SimulatedInterface::SimulatedInterface(const InterfaceFacts &facts)
-    : Interface(facts.type, facts.id, facts.description, transportVersion(facts.type),
-                adapterFacts(facts.type, facts.number)),
-      m_facts(facts)
+    : Interface(facts.type, facts.id, facts.description, transportVersion(facts.type)), m_facts(facts)
 { }
+
+AdapterFacts SimulatedInterface::adapterFacts() const
+{
+    return MoxSdk::adapterFacts(m_facts.type, m_facts.number);
+}
 
 std::unique_ptr<Link> SimulatedInterface::openLink(const DeviceRecord &record)
 {
@@ -48,11 +51,11 @@ MoxCamErr SimulatedInterface::forceIp(const DeviceRecord &record, std::uint32_t 
                                       std::uint32_t gateway)
 {
     if (GetType() != MoxCam::InterfaceGigEVision)
-        return MoxCamError::GenTLNotImplemented;
+        return Interface::forceIp(record, ip, netmask, gateway);
     const std::shared_ptr<Camera> camera = find(record.id);
     if (!camera)
         return MoxCamError::GenTLTimeout;
-    const MoxCamErr result = camera->forceIp(adapterFacts(m_facts.type, m_facts.number), ip, netmask, gateway);
+    const MoxCamErr result = camera->forceIp(ip, netmask, gateway);
     if (result == MoxCamError::Success)
         keep(camera->record());
     return result;

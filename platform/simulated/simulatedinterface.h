@@ -16,6 +16,7 @@ class SimulatedInterface final : public Interface
 public:
     explicit SimulatedInterface(const InterfaceFacts &facts);
 
+    AdapterFacts adapterFacts() const override;
     std::unique_ptr<Link> openLink(const DeviceRecord &record) override;
     MoxCamErr forceIp(const DeviceRecord &record, std::uint32_t ip, std::uint32_t netmask,
                       std::uint32_t gateway) override;

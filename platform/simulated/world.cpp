@@ -69,8 +69,8 @@ void World::reset()
 void World::clearLocked()
 {
     for (const Interface &interface : m_interfaces) {
-        for (const Place &place : interface.places)
-            place.camera->setPlugged(false);
+        for (const std::shared_ptr<Camera> &camera : interface.cameras)
+            camera->setPlugged(false);
     }
     m_interfaces.clear();
     m_nextSerialNumber = 1;
@@ -123,8 +123,8 @@ void World::removeInterface(const std::string &id)
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
     const auto interface = findInterface(id);
-    for (const Place &place : interface->places)
-        place.camera->setPlugged(false);
+    for (const std::shared_ptr<Camera> &camera : interface->cameras)
+        camera->setPlugged(false);
     m_interfaces.erase(interface);
 }
 
@@ -149,21 +149,28 @@ std::string World::addCameraLocked(const std::string &interfaceId, const MoxSim:
         serial = digits;
     }
     CameraPlan plan = planCamera(complete, {interface.facts.type, interface.facts.number, interface.nextCamera});
-    if (hasCamera(plan.record.id))
+    if (findCamera(plan.record.id))
         throw std::runtime_error("There is a camera " + plan.record.id + " already");
     auto camera = std::make_shared<Camera>(std::move(plan), sinceStart);
     camera->setInterfacePlugged(interface.plugged);
-    interface.places.push_back({camera, interface.nextCamera++});
+    interface.cameras.push_back(camera);
+    ++interface.nextCamera;
     return camera->id();
 }
 
 void World::removeCamera(const std::string &id)
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
-    Interface *interface = nullptr;
-    Place *place = findPlace(id, &interface);
-    place->camera->setPlugged(false);
-    interface->places.erase(interface->places.begin() + (place - interface->places.data()));
+    for (Interface &interface : m_interfaces) {
+        const auto camera = std::find_if(interface.cameras.begin(), interface.cameras.end(),
+                                         [&](const auto &candidate) { return candidate->id() == id; });
+        if (camera == interface.cameras.end())
+            continue;
+        (*camera)->setPlugged(false);
+        interface.cameras.erase(camera);
+        return;
+    }
+    throw std::invalid_argument("There is no simulated camera " + id);
 }
 
 std::vector<std::string> World::interfaceIds() const
@@ -179,8 +186,8 @@ std::vector<std::string> World::cameraIds(const std::string &interfaceId) const
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
     std::vector<std::string> result;
-    for (const Place &place : findInterface(interfaceId)->places)
-        result.push_back(place.camera->id());
+    for (const std::shared_ptr<Camera> &camera : findInterface(interfaceId)->cameras)
+        result.push_back(camera->id());
     return result;
 }
 
@@ -189,8 +196,8 @@ void World::setInterfacePlugged(const std::string &id, bool plugged)
     const std::lock_guard<std::mutex> lock(m_mutex);
     const auto interface = findInterface(id);
     interface->plugged = plugged;
-    for (const Place &place : interface->places)
-        place.camera->setInterfacePlugged(plugged);
+    for (const std::shared_ptr<Camera> &camera : interface->cameras)
+        camera->setInterfacePlugged(plugged);
 }
 
 void World::setDiscoveryTime(const std::string &id, std::chrono::milliseconds time)
@@ -199,24 +206,11 @@ void World::setDiscoveryTime(const std::string &id, std::chrono::milliseconds ti
     findInterface(id)->discoveryTime = time;
 }
 
-void World::setReach(const std::string &cameraId, MoxSim::Reach reach)
-{
-    const std::lock_guard<std::mutex> lock(m_mutex);
-    Interface *interface = nullptr;
-    const Place *place = findPlace(cameraId, &interface);
-    place->camera->setReach(reach,
-                            cameraAddress({interface->facts.type, interface->facts.number, place->number}, reach));
-}
-
 std::shared_ptr<Camera> World::camera(const std::string &id) const
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
-    for (const Interface &interface : m_interfaces) {
-        for (const Place &place : interface.places) {
-            if (place.camera->id() == id)
-                return place.camera;
-        }
-    }
+    if (std::shared_ptr<Camera> found = findCamera(id))
+        return found;
     throw std::invalid_argument("There is no simulated camera " + id);
 }
 
@@ -245,9 +239,9 @@ std::vector<std::shared_ptr<Camera>> World::pluggedCameras(const InterfaceFacts 
     const Interface *interface = shown(facts);
     if (!interface)
         return result;
-    for (const Place &place : interface->places) {
-        if (place.camera->isPlugged())
-            result.push_back(place.camera);
+    for (const std::shared_ptr<Camera> &camera : interface->cameras) {
+        if (camera->isPlugged())
+            result.push_back(camera);
     }
     return result;
 }
@@ -276,25 +270,15 @@ std::vector<World::Interface>::const_iterator World::findInterface(const std::st
     return const_cast<World *>(this)->findInterface(id);
 }
 
-World::Place *World::findPlace(const std::string &cameraId, Interface **interface)
+std::shared_ptr<Camera> World::findCamera(const std::string &id) const
 {
-    for (Interface &candidate : m_interfaces) {
-        for (Place &place : candidate.places) {
-            if (place.camera->id() == cameraId) {
-                *interface = &candidate;
-                return &place;
-            }
+    for (const Interface &interface : m_interfaces) {
+        for (const std::shared_ptr<Camera> &camera : interface.cameras) {
+            if (camera->id() == id)
+                return camera;
         }
     }
-    throw std::invalid_argument("There is no simulated camera " + cameraId);
-}
-
-bool World::hasCamera(const std::string &id) const
-{
-    return std::any_of(m_interfaces.begin(), m_interfaces.end(), [&](const Interface &interface) {
-        return std::any_of(interface.places.begin(), interface.places.end(),
-                           [&](const Place &place) { return place.camera->id() == id; });
-    });
+    return nullptr;
 }
 
 } // namespace MoxSdk

@@ -43,7 +43,6 @@ public:
     std::vector<std::string> cameraIds(const std::string &interfaceId) const;
     void setInterfacePlugged(const std::string &id, bool plugged);
     void setDiscoveryTime(const std::string &id, std::chrono::milliseconds time);
-    void setReach(const std::string &cameraId, MoxSim::Reach reach);
     /** Throws std::invalid_argument when there is none. */
     std::shared_ptr<Camera> camera(const std::string &id) const;
 
@@ -53,18 +52,13 @@ public:
     std::vector<std::shared_ptr<Camera>> pluggedCameras(const InterfaceFacts &facts) const;
 
 private:
-    struct Place
-    {
-        std::shared_ptr<Camera> camera;
-        unsigned number; ///< counts the cameras of an interface and makes their addresses
-    };
     struct Interface
     {
         InterfaceFacts facts;
         bool plugged = true;
         std::chrono::milliseconds discoveryTime{0};
-        unsigned nextCamera = 0;
-        std::vector<Place> places;
+        unsigned nextCamera = 0; ///< counts the cameras that were ever added and makes their addresses
+        std::vector<std::shared_ptr<Camera>> cameras;
     };
 
     World() = default;
@@ -72,8 +66,8 @@ private:
     std::vector<Interface>::iterator findInterface(const std::string &id);
     std::vector<Interface>::const_iterator findInterface(const std::string &id) const;
     const Interface *shown(const InterfaceFacts &facts) const;
-    Place *findPlace(const std::string &cameraId, Interface **interface);
-    bool hasCamera(const std::string &id) const;
+    /** Null when there is none. */
+    std::shared_ptr<Camera> findCamera(const std::string &id) const;
     void clearLocked();
     std::string addInterfaceLocked(int type, const std::string &description);
     std::string addCameraLocked(const std::string &interfaceId, const MoxSim::CameraSetup &setup);

@@ -92,7 +92,12 @@ class MOXSDK_INTERFACE Interface
 public:
     /** What the last discovery found; the caller releases the list. */
     virtual DeviceInfoList *GetDeviceInfoList() = 0;
-    /** Asks a GigE Vision device at a dotted address directly; null when none answers. */
+    /**
+     * Asks for a GigE Vision device at a dotted address, which may be one that discovery does not reach. Returns within
+     * half a second, and at once for a text that is no address and on other transports. Null when none answers there.
+     * The device info belongs to the system as those of discovery do, and is the same object when both find a device.
+     * It does not join the list that discovery makes. It may be opened right away, also outside the adapter's subnet.
+     */
     virtual DeviceInfo *ConnectByIp(const char *ipAddress) = 0;
     /**
      * Runs a discovery that takes at most @p timeout milliseconds; for USB it takes what listing the bus takes, without
@@ -107,7 +112,10 @@ public:
     virtual const char *GetVersion() = 0;
     /** There is no way back: @p context must outlive the system. */
     virtual void RegisterEventCallback(std::uint32_t eventId, EventCallback callback, void *context) = 0;
-    /** The interface's own parameters; null when it has none. */
+    /**
+     * The interface's own parameters; null, with "not available" in @p err, for a transport that has none. They belong
+     * to the interface and stay valid until the system's `Release`. From any thread; @p err may be null.
+     */
     virtual MoxGenParam::Array *GetParameters(MoxCamErr *err) = 0;
 
 protected:
@@ -131,7 +139,19 @@ public:
     virtual const char *GetIPAddress(MoxCamErr *err) = 0;
     virtual const char *GetNetmask(MoxCamErr *err) = 0;
     virtual const char *GetGateway(MoxCamErr *err) = 0;
-    /** Assigns an address until the camera's next start; first dotted number in the most significant byte. */
+    /**
+     * Assigns an address until the camera's next start; first dotted number in the most significant byte. What no host
+     * can have is for the camera to refuse. With @p ip 0 the camera looks for an address by itself, as at its
+     * start, and the others are passed over. From any thread; waits for the camera, for 1.2 s at most.
+     *
+     * After a success this object answers with the new address at once; whether the camera stays reachable there is not
+     * part of it. Failures:
+     *  - GenTLNotImplemented: the transport has no addresses, or the camera does not know the request,
+     *  - GenTLTimeout: the camera does not answer and is not found at @p ip,
+     *  - GenTLInvalidParameter: the camera refuses the address, or has no hardware address to be told apart by,
+     *  - GenTLAccessDenied, GenTLResourceInUse: an application controls the camera, or it is busy,
+     *  - GenTLError: it refuses for another reason.
+     */
     virtual MoxCamErr ForceIP(std::uint32_t ip, std::uint32_t netmask, std::uint32_t gateway) = 0;
 
 protected:
@@ -166,7 +186,7 @@ extern "C" {
 MOXSDK_EXPORT MoxCam::System *MoxCam_GetSystem();
 
 /**
- * Opens a camera. Null when it is gone, in use, outside the subnet, or gives no usable description.
+ * Opens a camera. Null when it is gone, in use, not reached at its address, or gives no usable description.
  * @p accessMode 2 asks for control; @p flags is 0.
  */
 MOXSDK_EXPORT MoxCam::Device *MoxCam_CreateDevice(MoxCam::DeviceInfo *info, int accessMode, int flags);

@@ -78,6 +78,8 @@ MOXSDK_EXPORT void setInterfacePlugged(const std::string &interfaceId, bool plug
 
 MOXSDK_EXPORT void setReach(const std::string &cameraId, Reach reach);
 MOXSDK_EXPORT Reach reach(const std::string &cameraId);
+/** The dotted address that a camera has now, also while nothing discovers it; empty for one without addresses. */
+MOXSDK_EXPORT std::string ipAddress(const std::string &cameraId);
 MOXSDK_EXPORT void setUserName(const std::string &cameraId, const std::string &userName);
 
 /** Makes each port access of a camera take that much longer. */

@@ -14,16 +14,10 @@ namespace MoxTest {
 /** What outlives the link, for the test to look at. */
 struct FakeCamera
 {
-    std::string description = R"(<?xml version="1.0" encoding="utf-8"?>
-<RegisterDescription ModelName="Fake" VendorName="Mox" StandardNameSpace="None" SchemaMajorVersion="1"
-    SchemaMinorVersion="1" SchemaSubMinorVersion="0" MajorVersion="1" MinorVersion="0" SubMinorVersion="0"
-    ToolTip="" ProductGuid="1" VersionGuid="1" xmlns="http://www.genicam.org/GenApi/Version_1_1">
-  <Category Name="Root"><pFeature>Width</pFeature></Category>
-  <IntReg Name="Width"><Address>0</Address><Length>4</Length><AccessMode>RW</AccessMode><pPort>Device</pPort>
-    <Sign>Unsigned</Sign><Endianess>LittleEndian</Endianess></IntReg>
-  <Port Name="Device"></Port>
-</RegisterDescription>
-)";
+    std::string description =
+        "<RegisterDescription><Category Name='Root'><pFeature>Width</pFeature></Category><Port Name='Device'/>"
+        "<IntReg Name='Width'><Address>0</Address><Length>4</Length><AccessMode>RW</AccessMode><pPort>Device</pPort>"
+        "</IntReg></RegisterDescription>";
     std::atomic<bool> gone{false};
     std::atomic<std::uint32_t> width{64};
     MoxSdk::Link::Listener listener;

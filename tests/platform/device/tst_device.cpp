@@ -5,6 +5,7 @@
 #include "fakelink.h"
 
 #include <MoxCameraApi/MoxGenParam.h>
+#include <datarow.h>
 #include <testmain.h>
 
 #include <QSemaphore>
@@ -63,26 +64,6 @@ public:
     std::function<void()> action;
 };
 
-/** Blocks one thread until another one lets it go on. */
-class Barrier
-{
-public:
-    void block()
-    {
-        m_inside.release();
-        m_goOn.acquire();
-        left = true;
-    }
-    void waitUntilBlocked() { m_inside.acquire(); }
-    void open() { m_goOn.release(); }
-
-    std::atomic<bool> left{false};
-
-private:
-    QSemaphore m_inside;
-    QSemaphore m_goOn;
-};
-
 struct Releaser
 {
     void operator()(Device *device) const { device->Release(); }
@@ -127,9 +108,8 @@ private Q_SLOTS:
     void lostAndBack();
     void registrations();
     void unregisterInsideTheCallback();
-    void unregisterWaitsForTheCallback();
-    void releaseWaitsForTheCallback();
-    void releaseWaitsForTheInvalidation();
+    void endingWaits_data();
+    void endingWaits();
     void releaseInsideTheCallback();
     void releaseInsideAnUpdate();
     void endBesideARunningEvent();
@@ -213,52 +193,52 @@ void TestDevice::unregisterInsideTheCallback()
     QCOMPARE(s.second.taken(), Events());
 }
 
-void TestDevice::unregisterWaitsForTheCallback()
+void TestDevice::endingWaits_data()
 {
-    Setup s;
-    Barrier barrier;
-    s.first.action = [&] { barrier.block(); };
-    s.change(false);
-    barrier.waitUntilBlocked();
-    // Another registration is free to go meanwhile.
-    s.device->UnregisterEvent(disconnected, record<disconnected>, &s.second);
-    QVERIFY(!barrier.left);
-    barrier.open();
-    s.device->UnregisterEvent(disconnected, record<disconnected>, &s.first);
-    QVERIFY(barrier.left);
-    QCOMPARE(s.second.taken(), Events());
+    columns<bool, bool>("inCallback", "release");
+    row("unregistering waits for the callback", true, false);
+    row("release waits for the callback", true, true);
+    row("release waits for the invalidation", false, true);
 }
 
-void TestDevice::releaseWaitsForTheCallback()
+void TestDevice::endingWaits()
 {
+    QFETCH(bool, inCallback);
+    QFETCH(bool, release);
     Setup s;
-    Barrier barrier;
-    s.first.action = [&] { barrier.block(); };
-    for (bool isThere : {false, true, false})
-        s.change(isThere);
-    barrier.waitUntilBlocked();
-    barrier.open();
-    s.device.reset();
-    QVERIFY(barrier.left);
+    QSemaphore inside;
+    QSemaphore goOn;
+    std::atomic<bool> left{false};
+    const auto block = [&] {
+        inside.release();
+        goOn.acquire();
+        for (int turn = 0; turn < 1000; ++turn)
+            std::this_thread::yield();
+        left = true;
+    };
+    if (inCallback)
+        s.first.action = block;
+    else
+        GenApi::Register(s.params->GetNodeMap(nullptr)->GetNode("Width"), [&](GenApi::INode *) { block(); });
+    s.change(false);
+    inside.acquire();
+    // Another registration is free to go meanwhile.
+    s.device->UnregisterEvent(disconnected, record<disconnected>, &s.second);
+    QVERIFY(!left);
+    goOn.release();
+    if (release)
+        s.device.reset();
+    else
+        s.device->UnregisterEvent(disconnected, record<disconnected>, &s.first);
+    QVERIFY(left);
+    const Events told = s.first.taken();
 
     // The event thread goes on for others, and only for them.
     Setup next;
     next.change(false);
-    QTRY_COMPARE(next.first.taken(), Events({disconnected}));
-    QCOMPARE(s.first.taken(), Events({disconnected}));
+    QTRY_COMPARE(next.second.taken(), Events({disconnected}));
+    QCOMPARE(s.first.taken(), told);
     QCOMPARE(s.second.taken(), Events());
-}
-
-void TestDevice::releaseWaitsForTheInvalidation()
-{
-    Setup s;
-    Barrier barrier;
-    GenApi::Register(s.params->GetNodeMap(nullptr)->GetNode("Width"), [&](GenApi::INode *) { barrier.block(); });
-    s.change(false);
-    barrier.waitUntilBlocked();
-    barrier.open();
-    s.device.reset();
-    QVERIFY(barrier.left);
 }
 
 void TestDevice::releaseInsideTheCallback()

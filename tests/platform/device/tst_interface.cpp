@@ -1,7 +1,9 @@
-// What discovery found, and the objects that are kept of it.
+// What discovery found, the objects that are kept of it, and the features over them.
 #include "device/deviceinfo.h"
 #include "device/interface.h"
 
+#include <MoxCameraApi/MoxGenParam.h>
+#include <datarow.h>
 #include <testmain.h>
 
 #include <QSemaphore>
@@ -13,8 +15,24 @@
 
 using MoxSdk::DeviceInfo;
 using MoxSdk::DeviceRecord;
+using namespace MoxTest;
+using Numbers = std::vector<std::uint32_t>;
 
 namespace {
+
+/** The camera of a letter; the first one has the number 1. */
+DeviceRecord camera(char letter)
+{
+    const auto number = std::uint32_t(letter - 'a' + 1);
+    DeviceRecord record;
+    record.id = std::string(1, letter);
+    record.displayName = "Camera " + record.id;
+    record.macAddress = 0xFEDCBA987600 + number;
+    record.ipAddress = 0xC0A8FF00 + number;
+    record.netmask = 0xFFFFFF00;
+    record.gateway = 0xFF0A0000 + number;
+    return record;
+}
 
 class FakeInterface final : public MoxSdk::Interface
 {
@@ -25,16 +43,58 @@ public:
     using Interface::keep;
     using Interface::notify;
 
-    MoxCamErr forceIp(const DeviceRecord &, std::uint32_t, std::uint32_t, std::uint32_t) override
+    MoxCamErr forceIp(const DeviceRecord &record, std::uint32_t ip, std::uint32_t netmask,
+                      std::uint32_t gateway) override
     {
-        ++forced;
-        return MoxCamError::GenTLResourceInUse;
+        forced.insert(forced.end(), {std::uint32_t(record.macAddress & 0xFF), ip, netmask, gateway});
+        return forceResult;
+    }
+
+    /** Runs a discovery that finds the cameras of these letters; tells whether it reports a change. */
+    bool find(const QByteArray &letters)
+    {
+        records.clear();
+        for (const char letter : letters)
+            records.push_back(camera(letter));
+        bool changed = letters.size() % 2;
+        ReDiscoverDevices(&changed, 200);
+        return changed;
+    }
+    std::vector<MoxCam::DeviceInfo *> shown()
+    {
+        std::vector<MoxCam::DeviceInfo *> infos;
+        MoxCam::DeviceInfoList *list = GetDeviceInfoList();
+        for (MoxCam::DeviceInfo *info = list->GetFirst(); info; info = list->GetNext())
+            infos.push_back(info);
+        if (list->GetCount() != infos.size() || list->GetNext())
+            qFatal("The list counts %d and gives %d", int(list->GetCount()), int(infos.size()));
+        list->Release();
+        return infos;
+    }
+    QByteArray ids()
+    {
+        QByteArray all;
+        for (MoxCam::DeviceInfo *info : shown())
+            all += info->GetID();
+        return all;
+    }
+    MoxCamErr select(std::int64_t position)
+    {
+        return GetParameters(nullptr)->SetIntegerValue("DeviceSelector", position);
+    }
+    /** The low byte of a device's number, or the error in reading it. */
+    std::int64_t low(const char *name = "GevDeviceMACAddress")
+    {
+        MoxCamErr err = 1;
+        const std::int64_t value = GetParameters(nullptr)->GetIntegerValue(name, &err);
+        return err ? err : value & 0xFF;
     }
 
     std::vector<DeviceRecord> records;
     std::function<void()> onDiscover;
-    int forced = 0;
-    std::vector<std::uint32_t> asked; ///< for a camera at an address
+    Numbers forced; ///< the last byte of the hardware address and three numbers for each call
+    MoxCamErr forceResult = MoxCamError::GenTLResourceInUse;
+    Numbers asked; ///< for a camera at an address
 
 protected:
     std::vector<DeviceRecord> discover(std::chrono::milliseconds limit) override
@@ -50,46 +110,6 @@ protected:
     }
 };
 
-DeviceRecord camera(const std::string &id)
-{
-    DeviceRecord record;
-    record.id = id;
-    record.displayName = "Camera " + id;
-    record.ipAddress = 0xC0A8FF01;
-    return record;
-}
-
-/** Runs a discovery that finds one camera for each letter; tells whether it reports a change. */
-bool discover(FakeInterface &interface, const std::string &letters)
-{
-    interface.records.clear();
-    for (const char letter : letters)
-        interface.records.push_back(camera(std::string(1, letter)));
-    bool changed = letters.size() % 2;
-    interface.ReDiscoverDevices(&changed, 200);
-    return changed;
-}
-
-std::vector<MoxCam::DeviceInfo *> shown(MoxSdk::Interface &interface)
-{
-    std::vector<MoxCam::DeviceInfo *> infos;
-    MoxCam::DeviceInfoList *list = interface.GetDeviceInfoList();
-    for (MoxCam::DeviceInfo *info = list->GetFirst(); info; info = list->GetNext())
-        infos.push_back(info);
-    if (list->GetCount() != infos.size() || list->GetNext())
-        qFatal("The list counts %d and gives %d", int(list->GetCount()), int(infos.size()));
-    list->Release();
-    return infos;
-}
-
-QByteArray ids(MoxSdk::Interface &interface)
-{
-    QByteArray all;
-    for (MoxCam::DeviceInfo *info : shown(interface))
-        all += info->GetID();
-    return all;
-}
-
 } // namespace
 
 class TestInterface : public QObject
@@ -100,27 +120,26 @@ private Q_SLOTS:
     void discoveries_data();
     void discoveries();
     void objectsStay();
-    void addresses();
     void connectByIp();
     void forceIp();
     void discoveriesOnSeveralThreads();
     void notifications();
+    void selector();
+    void forcedAddresses();
+    void featuresBesideDiscovery();
 };
 
 void TestInterface::discoveries_data()
 {
-    QTest::addColumn<QByteArray>("before");
-    QTest::addColumn<QByteArray>("found");
-    QTest::addColumn<QByteArray>("list");
-    QTest::addColumn<bool>("changed");
-    QTest::newRow("none") << QByteArray() << QByteArray() << QByteArray() << false;
-    QTest::newRow("first") << QByteArray() << QByteArray("a") << QByteArray("a") << true;
-    QTest::newRow("same") << QByteArray("ab") << QByteArray("ab") << QByteArray("ab") << false;
-    QTest::newRow("other order") << QByteArray("ab") << QByteArray("ba") << QByteArray("ba") << true;
-    QTest::newRow("one gone") << QByteArray("ab") << QByteArray("b") << QByteArray("b") << true;
-    QTest::newRow("one new") << QByteArray("ab") << QByteArray("cab") << QByteArray("cab") << true;
-    QTest::newRow("another one") << QByteArray("ab") << QByteArray("ac") << QByteArray("ac") << true;
-    QTest::newRow("one answers twice") << QByteArray("ab") << QByteArray("aba") << QByteArray("ab") << false;
+    columns<QByteArray, QByteArray, QByteArray, bool>("before", "found", "list", "changed");
+    row("none", "", "", "", false);
+    row("first", "", "a", "a", true);
+    row("same", "ab", "ab", "ab", false);
+    row("other order", "ab", "ba", "ba", true);
+    row("one gone", "ab", "b", "b", true);
+    row("one new", "ab", "cab", "cab", true);
+    row("another one", "ab", "ac", "ac", true);
+    row("one answers twice", "ab", "aba", "ab", false);
 }
 
 void TestInterface::discoveries()
@@ -128,21 +147,22 @@ void TestInterface::discoveries()
     QFETCH(QByteArray, before);
     QFETCH(QByteArray, found);
     FakeInterface interface;
-    discover(interface, before.toStdString());
-    QTEST(discover(interface, found.toStdString()), "changed");
-    QTEST(ids(interface), "list");
+    interface.find(before);
+    QTEST(interface.find(found), "changed");
+    QTEST(interface.ids(), "list");
 }
 
 void TestInterface::objectsStay()
 {
     FakeInterface interface;
-    DeviceInfo *kept = interface.keep(camera("b"));
-    QCOMPARE(ids(interface), "");
-    discover(interface, "ab");
-    MoxCam::DeviceInfo *info = shown(interface)[0];
-    QCOMPARE(shown(interface)[1], kept);
+    DeviceInfo *kept = interface.keep(camera('b'));
+    QCOMPARE(interface.ids(), "");
+    interface.find("ab");
+    MoxCam::DeviceInfo *info = interface.shown()[0];
+    QCOMPARE(interface.shown()[1], kept);
     QCOMPARE(info->GetInterface(), &interface);
-
+    QCOMPARE(info->GetIPAddress(nullptr), "192.168.255.1");
+    QCOMPARE(info->GetGateway(nullptr), "255.10.0.1");
     // Gone and back, with another name: the same object, and the old text may still be held.
     const char *name = info->GetDisplayName();
     interface.ReDiscoverDevices(nullptr, 0);
@@ -150,79 +170,72 @@ void TestInterface::objectsStay()
     interface.records[0].displayName = "a name that is long enough to live on the heap";
     interface.records[0].accessStatus = MoxCam::AccessNoAccess;
     interface.ReDiscoverDevices(nullptr, 200);
-    QCOMPARE(shown(interface)[0], info);
+    QCOMPARE(interface.shown()[0], info);
     QCOMPARE(name, "Camera a");
     QCOMPARE(info->GetDisplayName(), "a name that is long enough to live on the heap");
     QCOMPARE(info->GetAccessStatus(), int(MoxCam::AccessNoAccess));
-}
-
-void TestInterface::addresses()
-{
-    FakeInterface network;
-    FakeInterface usb(MoxCam::InterfaceUsb3Vision);
-    DeviceInfo camera1(network, camera("a"));
-    DeviceInfo camera2(usb, camera("a"));
-    MoxCamErr err = 1;
-    QCOMPARE(camera1.GetIPAddress(&err), "192.168.255.1");
-    QCOMPARE(err, MoxCamError::Success);
-    QCOMPARE(camera1.GetGateway(nullptr), "0.0.0.0");
-    QCOMPARE(camera2.GetNetmask(&err), "");
-    QCOMPARE(err, MoxCamError::GenTLNotAvailable);
 }
 
 void TestInterface::connectByIp()
 {
     FakeInterface interface;
     QVERIFY(!interface.ConnectByIp("1.2.3.4"));
-    interface.records = {camera("a")};
-    for (const char *text : {"",           ".",
-                             "...",        "1.2.3",
-                             "1.2.3.",     ".1.2.3",
-                             "1..2.3",     "1.2.3.4.",
-                             "1.2.3.4.5",  "1.2.3.256",
-                             "1.2.3.0004", "1.2.3.99999999999999999999",
-                             "1.2.3.-4",   "1.2.3.+4",
-                             " 1.2.3.4",   "1.2.3.4 ",
-                             "1.2. 3.4",   "1.2.3.4\n",
-                             "0x1.2.3.4",  "1.2.3.a",
-                             "3232238093", "1,2,3,4",
-                             "1.2.3.4/24", "1.2.3.4:3956",
-                             "camera",     "\xd9\xa1.2.3.4"})
+    interface.records = {camera('a')};
+    // clang-format off
+    for (const char *text : {"", ".", "...", "1.2.3", "1.2.3.", ".1.2.3", "1..2.3", "1.2.3.4.", "1.2.3.4.5", "1.2.3.256",
+                             "1.2.3.0004", "1.2.3.99999999999999999999", "1.2.3.-4", "1.2.3.+4", " 1.2.3.4", "1.2.3.4 ",
+                             "1.2. 3.4", "1.2.3.4\n", "0x1.2.3.4", "1.2.3.a", "3232238093", "1,2,3,4", "1.2.3.4/24",
+                             "1.2.3.4:3956", "camera", "\xd9\xa1.2.3.4"})
         QVERIFY2(!interface.ConnectByIp(text), text);
+    // clang-format on
     QVERIFY(!interface.ConnectByIp(nullptr));
     MoxCam::DeviceInfo *info = interface.ConnectByIp("192.168.10.255");
     QVERIFY(info);
     // It is the kept one, and joins the list when discovery finds it too.
-    QCOMPARE(ids(interface), "");
+    QCOMPARE(interface.ids(), "");
     QCOMPARE(interface.ConnectByIp("010.0.0.09"), info);
-    discover(interface, "a");
-    QCOMPARE(shown(interface), std::vector<MoxCam::DeviceInfo *>{info});
-    QCOMPARE(interface.asked, (std::vector<std::uint32_t>{0x01020304, 0xC0A80AFF, 0x0A000009}));
+    interface.find("a");
+    QCOMPARE(interface.shown(), std::vector<MoxCam::DeviceInfo *>{info});
+    QCOMPARE(interface.asked, (Numbers{0x01020304, 0xC0A80AFF, 0x0A000009}));
+
     FakeInterface usb(MoxCam::InterfaceUsb3Vision);
-    usb.records = {camera("a")};
+    usb.find("a");
     QVERIFY(!usb.ConnectByIp("1.2.3.4"));
+    MoxCamErr err = 1;
+    QCOMPARE(usb.shown()[0]->GetNetmask(&err), "");
+    QCOMPARE(err, MoxCamError::GenTLNotAvailable);
 }
 
 void TestInterface::forceIp()
 {
     FakeInterface interface;
-    DeviceInfo info(interface, camera("a"));
-    using Pair = std::pair<std::uint32_t, std::uint32_t>;
-    for (const auto &[ip, netmask] : {Pair(0xC0A80A0D, 0xFFFFFF00), Pair(0xC0A80A0D, 0xFFFFFFFC), Pair(0, 0)})
-        QCOMPARE(info.ForceIP(ip, netmask, 0), MoxCamError::GenTLResourceInUse);
-    // The subnet's own, broadcast, multicast, a first byte of zero; no mask, with a gap, upside down, without hosts.
-    for (const auto &[ip, netmask] :
-         {Pair(0xC0A80A00, 0xFFFFFF00), Pair(0xC0A80AFF, 0xFFFFFF00), Pair(0xFFFFFFFF, 0xFFFFFF00),
-          Pair(0xE0000001, 0xFFFFFF00), Pair(0x00010203, 0xFF000000), Pair(0xC0A80A0D, 0), Pair(0xC0A80A0D, 0xFF00FF00),
-          Pair(0xC0A80A0D, 0x000000FF), Pair(0xC0A80A0D, 0xFFFFFFFF)})
-        QCOMPARE(info.ForceIP(ip, netmask, 0), MoxCamError::GenTLInvalidParameter);
-    QCOMPARE(interface.forced, 3);
+    DeviceInfo info(interface, camera('a'));
+    // Every address reaches the camera, also one that no host can have.
+    for (std::uint32_t ip : {0xC0A80A0Du, 0xC0A80AFFu, 0xFFFFFFFFu, 0u})
+        QCOMPARE(info.ForceIP(ip, 0xFF00FF00, 7), MoxCamError::GenTLResourceInUse);
+    QCOMPARE(interface.forced,
+             (Numbers{1, 0xC0A80A0D, 0xFF00FF00, 7, 1, 0xC0A80AFF, 0xFF00FF00, 7, 1, 0xFFFFFFFF, 0xFF00FF00, 7, 1, 0,
+                      0xFF00FF00, 7}));
+
+    // What is kept while a discovery looks around is newer than what that discovery tells, but not than the next one.
+    interface.find("a");
+    interface.onDiscover = [&] {
+        DeviceRecord moved = camera('a');
+        moved.ipAddress = 0x0A000001;
+        interface.keep(moved);
+    };
+    interface.find("ab");
+    QCOMPARE(interface.shown()[0]->GetIPAddress(nullptr), "10.0.0.1");
+    QCOMPARE(interface.shown()[1]->GetIPAddress(nullptr), "192.168.255.2");
+    interface.onDiscover = {};
+    interface.find("ab");
+    QCOMPARE(interface.shown()[0]->GetIPAddress(nullptr), "192.168.255.1");
 }
 
 void TestInterface::discoveriesOnSeveralThreads()
 {
     FakeInterface interface;
-    discover(interface, "ab");
+    interface.find("ab");
     // The list is free while a discovery looks around.
     QSemaphore inside;
     QSemaphore goOn;
@@ -232,14 +245,13 @@ void TestInterface::discoveriesOnSeveralThreads()
     };
     std::thread discovery([&] { interface.ReDiscoverDevices(nullptr, 200); });
     inside.acquire();
-    QCOMPARE(ids(interface), "ab");
+    QCOMPARE(interface.ids(), "ab");
     // Who cannot wait for it leaves without one.
     bool changed = true;
     interface.ReDiscoverDevices(&changed, 1);
     QVERIFY(!changed);
     goOn.release();
     discovery.join();
-    QCOMPARE(ids(interface), "ab");
 
     // Two discoveries take turns.
     std::atomic<int> running{0};
@@ -257,7 +269,7 @@ void TestInterface::discoveriesOnSeveralThreads()
     std::thread first(discoverOften);
     std::thread second(discoverOften);
     for (int round = 0; round < 100; ++round)
-        QCOMPARE(ids(interface), "ab");
+        QCOMPARE(interface.ids(), "ab");
     first.join();
     second.join();
     QVERIFY(!overlapped);
@@ -278,9 +290,9 @@ void TestInterface::notifications()
         to->threads += QThread::currentThread();
     };
     FakeInterface interface;
-    interface.RegisterEventCallback(MoxCam::EventActionAcknowledge, receive, &received);
-    interface.RegisterEventCallback(MoxCam::EventActionAcknowledge, receive, &received);
-    interface.RegisterEventCallback(7, receive, &received);
+    for (const unsigned event :
+         {unsigned(MoxCam::EventActionAcknowledge), unsigned(MoxCam::EventActionAcknowledge), 7U})
+        interface.RegisterEventCallback(event, receive, &received);
     char buffer[] = "ab";
     interface.notify(MoxCam::EventActionAcknowledge, buffer, 2);
     buffer[0] = 'x';
@@ -294,6 +306,87 @@ void TestInterface::notifications()
     QTRY_COMPARE(data(), QByteArray("ab;;x;"));
     QCOMPARE(received.threads.size(), 1);
     QVERIFY(!received.threads.contains(QThread::currentThread()));
+}
+
+void TestInterface::selector()
+{
+    FakeInterface interface;
+    // Nothing to select, until a discovery found something.
+    QCOMPARE(interface.select(0), MoxCamError::GenICamAccess);
+    QCOMPARE(interface.low(), MoxCamError::GenICamAccess);
+    interface.find("abc");
+    QCOMPARE(interface.low(), 1);
+    QCOMPARE(interface.select(2), MoxCamError::Success);
+    for (std::int64_t wrong : {std::int64_t(3), std::int64_t(-1), INT64_MAX, INT64_MIN, std::int64_t(1) << 32})
+        QCOMPARE(interface.select(wrong), MoxCamError::GenICamOutOfRange);
+    QCOMPARE(interface.low(), 3);
+    // What a discovery finds is read at once; the list becomes shorter than the selector, and longer again.
+    interface.records[2].macAddress = 0x42;
+    interface.ReDiscoverDevices(nullptr, 200);
+    QCOMPARE(interface.low(), 0x42);
+    interface.find("ab");
+    MoxGenParam::Array &array = *interface.GetParameters(nullptr);
+    QCOMPARE(interface.low(), MoxCamError::GenICamAccess);
+    QCOMPARE(array.SetIntegerValue("GevDeviceForceIPAddress", 1), MoxCamError::GenICamAccess);
+    QCOMPARE(array.ExecuteCommand("GevDeviceForceIP"), MoxCamError::GenICamAccess);
+    QCOMPARE(interface.select(2), MoxCamError::GenICamOutOfRange);
+    interface.find("abc");
+    QCOMPARE(interface.low(), 3);
+    QCOMPARE(interface.forced, Numbers());
+}
+
+void TestInterface::forcedAddresses()
+{
+    FakeInterface interface;
+    interface.find("ab");
+    MoxGenParam::Array &array = *interface.GetParameters(nullptr);
+    QCOMPARE(array.SetIntegerValue("GevDeviceForceIPAddress", 0xC0A8FF42), MoxCamError::Success);
+    QCOMPARE(array.SetIntegerValue("GevDeviceForceGateway", 0), MoxCamError::Success);
+    // They are of their device, wherever it stands in the list, and not those of another one.
+    interface.select(1);
+    QCOMPARE(interface.low("GevDeviceForceIPAddress"), 2);
+    interface.find("ba");
+    QCOMPARE(interface.low("GevDeviceForceIPAddress"), 0x42);
+    QCOMPARE(interface.low("GevDeviceIPAddress"), 1);
+    Numbers calls;
+    for (const auto &[result, code] : std::vector<std::pair<MoxCamErr, MoxCamErr>>{
+             {MoxCamError::GenTLTimeout, MoxCamError::GenTLTimeout},
+             {MoxCamError::GenTLAccessDenied, MoxCamError::GenICamAccess},
+             {MoxCamError::GenTLInvalidParameter, MoxCamError::GenICamInvalidArgument},
+             {MoxCamError::GenTLNotImplemented, MoxCamError::GenICamRuntime},
+             {MoxCamError::Success, MoxCamError::Success}}) {
+        interface.forceResult = result;
+        QCOMPARE(array.ExecuteCommand("GevDeviceForceIP"), code);
+        calls.insert(calls.end(), {1, 0xC0A8FF42, 0xFFFFFF00, 0});
+    }
+    QCOMPARE(interface.forced, calls);
+    // The next time they begin with what the device has.
+    QCOMPARE(interface.low("GevDeviceForceIPAddress"), 1);
+    QCOMPARE(interface.low("GevDeviceForceGateway"), 1);
+}
+
+void TestInterface::featuresBesideDiscovery()
+{
+    FakeInterface interface;
+    interface.find("abc");
+    std::atomic<bool> ended{false};
+    std::thread discovery([&] {
+        for (int round = 0; round < 300; ++round)
+            interface.find(QByteArray("abc").left(round % 4));
+        ended = true;
+    });
+    QSet<std::int64_t> odd;
+    while (!ended) {
+        interface.select(2);
+        odd += interface.low();
+        interface.GetParameters(nullptr)->GetString("DeviceID", nullptr)->GetValue(nullptr);
+    }
+    discovery.join();
+    // Until it was there to be selected, the first one was.
+    odd -= {1, 3, MoxCamError::GenICamAccess};
+    QCOMPARE(odd, QSet<std::int64_t>());
+    QCOMPARE(interface.select(2), MoxCamError::Success);
+    QCOMPARE(interface.low(), 3);
 }
 
 MOX_TEST_MAIN(TestInterface)

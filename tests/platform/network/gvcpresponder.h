@@ -73,7 +73,7 @@ public:
         std::uint16_t id = 0;
         std::uint32_t address = 0;
         std::size_t length = 0; ///< of a memory access
-        Packet packet; ///< as it came in
+        Packet packet;
     };
     using Packets = std::vector<Packet>;
     /** Runs on the responder's thread; no value leaves the answer to the responder. */
@@ -142,7 +142,7 @@ private:
             if (m_intercept)
                 answers = m_intercept(command);
             if (!answers)
-                answers = answer(command, packet);
+                answers = answer(command);
             for (const Packet &sent : *answers)
                 ::sendto(m_descriptor, sent.data(), sent.size(), 0, peerAddress, peerLength);
         }
@@ -161,8 +161,9 @@ private:
         return command;
     }
 
-    Packets answer(const Command &command, const Packet &packet)
+    Packets answer(const Command &command)
     {
+        const Packet &packet = command.packet;
         const std::lock_guard<std::mutex> lock(m_mutex);
         const auto place = m_memory.begin() + command.address;
         Packet payload(4);

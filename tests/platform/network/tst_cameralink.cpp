@@ -1,10 +1,14 @@
 // Loss and return of an opened camera, over a channel that fails on command.
 #include "../../../platform/network/cameralink.h"
+#include "../../../platform/network/gvcpchannel.h"
+#include "gvcpresponder.h"
 
+#include <QElapsedTimer>
 #include <QSemaphore>
 #include <QTest>
 
 using namespace MoxSdk;
+using Events = std::vector<bool>;
 
 namespace {
 
@@ -52,8 +56,37 @@ private:
     Cable &m_cable;
 };
 
-const std::vector<bool> lost{false};
-const std::vector<bool> lostAndBack{false, true};
+/** A link over such channels, and what it told. */
+struct Setup
+{
+    explicit Setup(std::chrono::milliseconds alivePeriod = std::chrono::milliseconds(20))
+    {
+        cable.alivePeriod = alivePeriod;
+        const auto opener = [this](const StopSignal &) { return std::make_unique<FakeChannel>(cable); };
+        link = std::make_unique<CameraLink>(opener, opener);
+        listen();
+    }
+    void listen()
+    {
+        link->setListener([this](bool connected) {
+            const std::lock_guard<std::mutex> lock(mutex);
+            heard.push_back(connected);
+        });
+    }
+    Events events()
+    {
+        const std::lock_guard<std::mutex> lock(mutex);
+        return heard;
+    }
+    void read(std::int64_t address = 0) { link->port().Read(&byte, address, 1); }
+    GenApi::EAccessMode mode() { return link->port().GetAccessMode(); }
+
+    Cable cable;
+    std::mutex mutex;
+    Events heard;
+    char byte = 0;
+    std::unique_ptr<CameraLink> link;
+};
 
 } // namespace
 
@@ -62,108 +95,73 @@ class TestCameraLink : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
     void silentRegisterLosesNothing();
     void lossFoundByTheWatch();
     void lossFoundByAnAccess();
     void lossBeforeThereIsAListener();
     void listenerTakenAway();
-
-private:
-    std::unique_ptr<CameraLink> open();
-    void record(bool connected)
-    {
-        const std::lock_guard<std::mutex> lock(m_mutex);
-        m_events.push_back(connected);
-    }
-    std::vector<bool> events()
-    {
-        const std::lock_guard<std::mutex> lock(m_mutex);
-        return m_events;
-    }
-
-    std::unique_ptr<Cable> m_cable;
-    std::mutex m_mutex;
-    std::vector<bool> m_events;
-    char m_byte = 0;
+    void endsInTheMiddleOfAReturn();
 };
-
-void TestCameraLink::init()
-{
-    m_cable = std::make_unique<Cable>();
-    m_events.clear();
-}
-
-std::unique_ptr<CameraLink> TestCameraLink::open()
-{
-    const auto opener = [cable = m_cable.get()] { return std::make_unique<FakeChannel>(*cable); };
-    auto link = std::make_unique<CameraLink>(opener, opener);
-    link->setListener([this](bool connected) { record(connected); });
-    return link;
-}
 
 void TestCameraLink::silentRegisterLosesNothing()
 {
-    const auto link = open();
-    m_cable->answers = false;
-    QVERIFY_EXCEPTION_THROWN(link->port().Read(&m_byte, 0, 1), GenICam_3_0::TimeoutException);
-    QVERIFY_EXCEPTION_THROWN(link->port().Write(&m_byte, 0, 1), GenICam_3_0::AccessException);
-    QVERIFY_EXCEPTION_THROWN(link->port().Read(&m_byte, -1, 1), GenICam_3_0::OutOfRangeException);
-    link->port().Read(nullptr, 0, 0);
-    QCOMPARE(link->port().GetAccessMode(), GenApi_3_0::RW);
-    m_cable->answers = true;
-    link->port().Read(&m_byte, 0, 1);
-    QCOMPARE(events(), std::vector<bool>());
-    QCOMPARE(int(m_cable->opened), 1);
+    Setup s;
+    s.cable.answers = false;
+    QVERIFY_EXCEPTION_THROWN(s.read(), GenICam::TimeoutException);
+    QVERIFY_EXCEPTION_THROWN(s.link->port().Write(&s.byte, 0, 1), GenICam::AccessException);
+    QVERIFY_EXCEPTION_THROWN(s.read(-1), GenICam::OutOfRangeException);
+    s.link->port().Read(nullptr, 0, 0);
+    QCOMPARE(s.mode(), GenApi::RW);
+    s.cable.answers = true;
+    s.read();
+    QCOMPARE(s.events(), Events());
+    QCOMPARE(int(s.cable.opened), 1);
 }
 
 void TestCameraLink::lossFoundByTheWatch()
 {
-    auto link = open();
-    GenApi_3_0::IPort &port = link->port();
-    m_cable->plugged = false;
-    QTRY_COMPARE(events(), lost);
-    QCOMPARE(port.GetAccessMode(), GenApi_3_0::NA);
-    QVERIFY_EXCEPTION_THROWN(port.Read(&m_byte, 0, 1), GenICam_3_0::TimeoutException);
-    QCOMPARE(int(m_cable->accesses), 0);
+    Setup s;
+    s.cable.plugged = false;
+    QTRY_COMPARE(s.events(), Events({false}));
+    QCOMPARE(s.mode(), GenApi::NA);
+    QVERIFY_EXCEPTION_THROWN(s.read(), GenICam::TimeoutException);
+    QCOMPARE(int(s.cable.accesses), 0);
 
-    m_cable->plugged = true;
-    QTRY_COMPARE(events(), lostAndBack);
-    QCOMPARE(port.GetAccessMode(), GenApi_3_0::RW);
-    port.Read(&m_byte, 0, 1);
-    QCOMPARE(int(m_cable->accesses), 1);
-    QCOMPARE(int(m_cable->opened), 2);
+    s.cable.plugged = true;
+    QTRY_COMPARE(s.events(), Events({false, true}));
+    QCOMPARE(s.mode(), GenApi::RW);
+    s.read();
+    QCOMPARE(int(s.cable.accesses), 1);
+    QCOMPARE(int(s.cable.opened), 2);
     // The old channel gave up control before the new one took it.
-    QCOMPARE(int(m_cable->mostOpen), 1);
-
-    link.reset();
-    QCOMPARE(int(m_cable->open), 0);
+    QCOMPARE(int(s.cable.mostOpen), 1);
+    s.link.reset();
+    QCOMPARE(int(s.cable.open), 0);
 }
 
 void TestCameraLink::lossFoundByAnAccess()
 {
-    m_cable->alivePeriod = std::chrono::hours(1);
-    const auto link = open();
-    QTRY_COMPARE(int(m_cable->waits), 2); // before and after it heard of the listener
-    m_cable->plugged = false;
-    QVERIFY_EXCEPTION_THROWN(link->port().Read(&m_byte, 0, 1), GenICam_3_0::TimeoutException);
-    QCOMPARE(link->port().GetAccessMode(), GenApi_3_0::NA);
-    m_cable->plugged = true;
+    Setup s(std::chrono::hours(1));
+    QTRY_COMPARE(int(s.cable.waits), 2); // before and after it heard of the listener
+    s.cable.plugged = false;
+    QVERIFY_EXCEPTION_THROWN(s.read(), GenICam::TimeoutException);
+    QCOMPARE(s.mode(), GenApi::NA);
+    s.cable.plugged = true;
     // The loss is told although the camera is back at once.
-    QTRY_COMPARE(events(), lostAndBack);
+    QTRY_COMPARE(s.events(), Events({false, true}));
 }
 
 void TestCameraLink::lossBeforeThereIsAListener()
 {
-    auto link = open();
-    link->setListener({});
-    m_cable->plugged = false;
-    QTRY_COMPARE(link->port().GetAccessMode(), GenApi_3_0::NA);
-    link->setListener([this](bool connected) { record(connected); });
-    QTRY_COMPARE(events(), lost);
+    Setup s;
+    s.link->setListener({});
+    s.cable.plugged = false;
+    QTRY_COMPARE(s.mode(), GenApi::NA);
+    s.listen();
+    QTRY_COMPARE(s.events(), Events({false}));
     // It ends in the middle of the search, and tells nothing more.
-    link.reset();
-    QCOMPARE(events(), lost);
+    s.link.reset();
+    QCOMPARE(s.events(), Events({false}));
 }
 
 void TestCameraLink::listenerTakenAway()
@@ -171,17 +169,42 @@ void TestCameraLink::listenerTakenAway()
     QSemaphore entered;
     QSemaphore goOn;
     std::atomic<bool> left{false};
-    const auto link = open();
-    link->setListener([&](bool) {
+    Setup s;
+    s.link->setListener([&](bool) {
         entered.release();
         goOn.acquire();
         left = true;
     });
-    m_cable->plugged = false;
+    s.cable.plugged = false;
     entered.acquire();
     goOn.release();
-    link->setListener({});
+    s.link->setListener({});
     QVERIFY(left);
+}
+
+void TestCameraLink::endsInTheMiddleOfAReturn()
+{
+    // A camera that asks for more time and never has its answer.
+    std::atomic<bool> pending{false};
+    QSemaphore asked;
+    MoxTest::GvcpResponder camera([&](const auto &command) -> std::optional<MoxTest::GvcpResponder::Packets> {
+        if (!pending || command.code != MoxTest::ReadRegister)
+            return std::nullopt;
+        asked.release();
+        return {{MoxTest::acknowledge(0x89, command.id, {0, 0, 0xff, 0xff})}};
+    });
+    const auto opener = [&](const StopSignal &stop) {
+        return std::make_unique<GvcpChannel>(MoxTest::loopback(), 0x7f000001, camera.port, &stop);
+    };
+    auto link = std::make_unique<CameraLink>(opener, opener);
+    camera.setBytes(Gvcp::ControlChannelPrivilege + 3, std::string(1, '\0')); // it forgot its controller
+    QTRY_COMPARE(link->port().GetAccessMode(), GenApi::NA);
+    pending = true;
+    QVERIFY(asked.tryAcquire(1, 5000));
+    QElapsedTimer timer;
+    timer.start();
+    link.reset();
+    QVERIFY(timer.elapsed() < 2500); // half of what a request may take
 }
 
 QTEST_GUILESS_MAIN(TestCameraLink)

@@ -5,7 +5,7 @@
 
 #include <Base/GCException.h>
 
-#include <QTest>
+#include <datarow.h>
 
 #include <atomic>
 
@@ -24,12 +24,12 @@ std::unique_ptr<GvcpChannel> open(GvcpResponder &responder)
 }
 
 /** Commands as text: code, address, and the length of a memory access. */
-QString shown(const std::vector<Command> &commands)
+QByteArray shown(const std::vector<Command> &commands)
 {
-    QStringList list;
+    QString list;
     for (const Command &command : commands)
-        list << QStringLiteral("%1@%2+%3").arg(command.code, 0, 16).arg(command.address, 0, 16).arg(command.length);
-    return list.join(QLatin1Char(' '));
+        list += QStringLiteral("%1@%2+%3 ").arg(command.code, 0, 16).arg(command.address, 0, 16).arg(command.length);
+    return list.trimmed().toLatin1();
 }
 
 /** An intercept of all accesses to the memory behind the bootstrap registers. */
@@ -64,26 +64,16 @@ private Q_SLOTS:
 
 void TestGvcpChannel::alignment_data()
 {
-    QTest::addColumn<int>("address");
-    QTest::addColumn<int>("length");
-    QTest::addColumn<QString>("reading");
-    QTest::addColumn<QString>("writing");
-    QTest::newRow("a word") << 0x1004 << 4 << "84@1004+4"
-                            << "86@1004+4";
-    QTest::newRow("inside a word") << 0x1005 << 2 << "84@1004+4"
-                                   << "84@1004+4 86@1004+4";
-    QTest::newRow("front of a word") << 0x1004 << 2 << "84@1004+4"
-                                     << "84@1004+4 86@1004+4";
-    QTest::newRow("begins inside") << 0x1006 << 6 << "84@1004+8"
-                                   << "84@1004+4 86@1004+8";
-    QTest::newRow("ends inside") << 0x1004 << 5 << "84@1004+8"
-                                 << "84@1008+4 86@1004+8";
-    QTest::newRow("both") << 0x1007 << 2 << "84@1004+8"
-                          << "84@1004+4 84@1008+4 86@1004+8";
-    QTest::newRow("a whole block") << 0x1000 << 512 << "84@1000+512"
-                                   << "86@1000+512";
-    QTest::newRow("three blocks") << 0x1002 << 1026 << "84@1000+512 84@1200+512 84@1400+4"
-                                  << "84@1000+4 86@1000+512 86@1200+512 86@1400+4";
+    columns<int, int, QByteArray, QByteArray>("address", "length", "reading", "writing");
+    row("a word", 0x1004, 4, "84@1004+4", "86@1004+4");
+    row("inside a word", 0x1005, 2, "84@1004+4", "84@1004+4 86@1004+4");
+    row("front of a word", 0x1004, 2, "84@1004+4", "84@1004+4 86@1004+4");
+    row("begins inside", 0x1006, 6, "84@1004+8", "84@1004+4 86@1004+8");
+    row("ends inside", 0x1004, 5, "84@1004+8", "84@1008+4 86@1004+8");
+    row("both", 0x1007, 2, "84@1004+8", "84@1004+4 84@1008+4 86@1004+8");
+    row("a whole block", 0x1000, 512, "84@1000+512", "86@1000+512");
+    row("three blocks", 0x1002, 1026, "84@1000+512 84@1200+512 84@1400+4",
+        "84@1000+4 86@1000+512 86@1200+512 86@1400+4");
 }
 
 void TestGvcpChannel::alignment()
@@ -131,9 +121,9 @@ void TestGvcpChannel::addressesEndAt32Bits()
     char byte = 0;
     QVERIFY_EXCEPTION_THROWN(channel->read(&byte, std::uint64_t(1) << 32, 1), GenICam_3_0::OutOfRangeException);
     QVERIFY_EXCEPTION_THROWN(channel->write(&byte, 0xffffffff, 2), GenICam_3_0::OutOfRangeException);
-    QCOMPARE(shown(responder.takeCommands()), QString());
+    QCOMPARE(shown(responder.takeCommands()), QByteArray());
     channel->read(&byte, 0xffffffff, 1);
-    QCOMPARE(shown(responder.takeCommands()), QStringLiteral("84@fffc+4"));
+    QCOMPARE(shown(responder.takeCommands()), QByteArray("84@fffc+4"));
 }
 
 void TestGvcpChannel::refusals()
@@ -166,7 +156,7 @@ void TestGvcpChannel::silence()
     std::uint32_t word = 0;
     QVERIFY_EXCEPTION_THROWN(channel->read(&word, 0x1000, 4), GenICam_3_0::TimeoutException);
     const auto commands = responder.takeCommands();
-    QCOMPARE(shown(commands), QStringLiteral("84@1000+4 84@1000+4 84@1000+4"));
+    QCOMPARE(shown(commands), QByteArray("84@1000+4 84@1000+4 84@1000+4"));
     QVERIFY(commands[0].id == commands[1].id && commands[1].id == commands[2].id);
     QVERIFY(channel->isAlive());
 }
@@ -182,7 +172,7 @@ void TestGvcpChannel::pending()
     const auto start = std::chrono::steady_clock::now();
     channel->write("abcd", 0x1000, 4);
     QVERIFY(std::chrono::steady_clock::now() - start >= std::chrono::seconds(1));
-    QCOMPARE(shown(responder.takeCommands()), QStringLiteral("86@1000+4 86@1000+4"));
+    QCOMPARE(shown(responder.takeCommands()), QByteArray("86@1000+4 86@1000+4"));
 
     // One that never stops asking is given up, without another try.
     GvcpResponder endless(beyondBootstrap([](const Command &command) {
@@ -190,7 +180,7 @@ void TestGvcpChannel::pending()
     }));
     const auto slow = open(endless);
     QVERIFY_EXCEPTION_THROWN(slow->write("abcd", 0x1000, 4), GenICam_3_0::TimeoutException);
-    QCOMPARE(shown(endless.takeCommands()), QStringLiteral("86@1000+4"));
+    QCOMPARE(shown(endless.takeCommands()), QByteArray("86@1000+4"));
 }
 
 void TestGvcpChannel::control()
@@ -201,7 +191,7 @@ void TestGvcpChannel::control()
     GvcpResponder responder;
     responder.setBytes(Gvcp::ControlChannelPrivilege, exclusive);
     QVERIFY_EXCEPTION_THROWN(open(responder), GenICam_3_0::AccessException);
-    QCOMPARE(shown(responder.takeCommands()), QStringLiteral("80@a00+0"));
+    QCOMPARE(shown(responder.takeCommands()), QByteArray("80@a00+0"));
 
     responder.setBytes(Gvcp::ControlChannelPrivilege, free);
     auto channel = open(responder);
@@ -247,49 +237,42 @@ void TestGvcpChannel::returnAtAnotherAddress()
 
 void TestGvcpChannel::descriptions_data()
 {
-    QTest::addColumn<QByteArray>("first");
-    QTest::addColumn<QByteArray>("second");
-    QTest::addColumn<QByteArray>("memory");
-    QTest::addColumn<QByteArray>("description"); // null: it fails
+    columns<QByteArray, QByteArray, QByteArray>("urls", "memory", "description"); // null: it fails
     const QByteArray xml = "<RegisterDescription>" + QByteArray(40, 'x') + "</RegisterDescription>";
     const QByteArray zip = QByteArray::fromHex(
         "504b03041400000008000000215c181ef8431e0000005300000005000000642e786d6cb3094a4dcf2c2e492d72492d4e2eca2c28c9"
         "cccfb3ab2012d8e863d30d00504b010214031400000008000000215c181ef8431e0000005300000005000000000000000000000080"
         "0100000000642e786d6c504b0506000000000100010033000000410000000000");
-    const auto row = [&](const char *name, const char *first, const QByteArray &memory, const QByteArray &expected,
-                         const char *second = "") {
-        QTest::newRow(name) << QByteArray(first) << QByteArray(second) << memory << expected;
-    };
+    const auto changed = [&](int at, const char *bytes) { return QByteArray(zip).replace(at, 4, bytes, 4); };
+    const QByteArray none;
     row("text, padded", "Local:a.xml;2000;60", xml, xml);
     row("schema, blanks, other case", "LOCAL:a b.xml; 2000; 53 ?SchemaVersion=1.1.0", xml, xml);
+    row("in the second place", "File:a.xml|Local:a.xml;2000;53", xml, xml);
     row("archive", "Local:a.zip;2000;8a", zip, xml);
-    const auto changed = [&](int at, const char *bytes) { return QByteArray(zip).replace(at, 4, bytes, 4); };
     row("archive, padded", "Local:a.zip;2000;9a", zip, xml);
-    row("archive, directory elsewhere", "Local:a.zip;2000;8a", changed(0x84, "\xff\xff\xff\xff"), {});
-    row("archive, file elsewhere", "Local:a.zip;2000;8a", changed(0x6b, "\x80\0\0\0"), {});
-    row("archive, long name", "Local:a.zip;2000;8a", changed(0x1a, "\xff\xff\0\0"), {});
-    row("archive, packed length beyond the end", "Local:a.zip;2000;8a", changed(0x55, "\xff\xff\xff\xff"), {});
-    row("archive, unpacked length too long", "Local:a.zip;2000;8a", changed(0x59, "\1\0\0\1"), {});
-    row("archive, more inside than it says", "Local:a.zip;2000;8a", changed(0x59, "\x52\0\0\0"), {});
-    row("archive cut short", "Local:a.zip;2000;40", zip.left(0x40), {});
-    row("no archive after all", "Local:a.zip;2000;2", zip, {});
-    row("in the second place", "File:a.xml", xml, xml, "Local:a.xml;2000;53");
-    row("on the web", "http://192.0.2.1/a;2000;53", xml, {});
-    row("no length", "Local:a.xml;2000", xml, {});
-    row("nothing long", "Local:a.xml;2000;0", xml, {});
-    row("too long", "Local:a.xml;2000;1000001", xml, {});
-    row("number too large", "Local:a.xml;12345678901234567;10", xml, {});
+    row("archive, directory elsewhere", "Local:a.zip;2000;8a", changed(0x84, "\xff\xff\xff\xff"), none);
+    row("archive, file elsewhere", "Local:a.zip;2000;8a", changed(0x6b, "\x80\0\0\0"), none);
+    row("archive, long name", "Local:a.zip;2000;8a", changed(0x1a, "\xff\xff\0\0"), none);
+    row("archive, packed beyond the end", "Local:a.zip;2000;8a", changed(0x55, "\xff\xff\xff\xff"), none);
+    row("archive, unpacked too long", "Local:a.zip;2000;8a", changed(0x59, "\1\0\0\1"), none);
+    row("archive, more inside than it says", "Local:a.zip;2000;8a", changed(0x59, "\x52\0\0\0"), none);
+    row("archive cut short", "Local:a.zip;2000;40", zip.left(0x40), none);
+    row("no archive after all", "Local:a.zip;2000;2", zip, none);
+    row("on the web", "http://192.0.2.1/a;2000;53", xml, none);
+    row("no length", "Local:a.xml;2000", xml, none);
+    row("nothing long", "Local:a.xml;2000;0", xml, none);
+    row("too long", "Local:a.xml;2000;1000001", xml, none);
+    row("number too large", "Local:a.xml;12345678901234567;10", xml, none);
 }
 
 void TestGvcpChannel::descriptions()
 {
-    QFETCH(QByteArray, first);
-    QFETCH(QByteArray, second);
+    QFETCH(QByteArray, urls);
     QFETCH(QByteArray, memory);
     QFETCH(QByteArray, description);
     GvcpResponder responder;
-    responder.setBytes(Gvcp::FirstDescriptionUrl, first.toStdString());
-    responder.setBytes(Gvcp::SecondDescriptionUrl, second.toStdString());
+    responder.setBytes(Gvcp::FirstDescriptionUrl, urls.split('|').first().toStdString());
+    responder.setBytes(Gvcp::SecondDescriptionUrl, urls.split('|').mid(1).join().toStdString());
     responder.setBytes(0x2000, memory.toStdString());
     const auto channel = open(responder);
     if (description.isNull())

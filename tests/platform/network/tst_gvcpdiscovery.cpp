@@ -1,28 +1,38 @@
-// What discovery makes of the answers on the wire.
+// What discovery makes of the answers on the wire; giving cameras an address, and finding them by theirs.
+#include "../../../platform/device/deviceinfo.h"
+#include "../../../platform/network/gigeinterface.h"
 #include "../../../platform/network/gvcpdiscovery.h"
+#include "../../../platform/network/usbversion.h"
 #include "gvcpresponder.h"
 
+#include <QDir>
 #include <QElapsedTimer>
-#include <QTest>
+#include <QTemporaryDir>
+
+#include <array>
+#include <atomic>
+#include <datarow.h>
+#include <sstream>
 
 using namespace MoxSdk;
 using namespace MoxTest;
 using Packets = GvcpResponder::Packets;
 using Command = GvcpResponder::Command;
 using Answers = std::function<Packets(std::uint16_t id)>;
+using CameraAnswers = std::function<Packets(GvcpResponder &camera, std::uint16_t id)>;
 
 namespace {
 
 constexpr std::chrono::milliseconds limit{200};
+constexpr quint32 mask = 0xff000000;
+constexpr quint32 elsewhere = 0xcb007107;
 const std::string model = "Maker-A model name that fills 32 bytes-";
 
 /** Gives these answers to one kind of command, and leaves the others to the responder. */
 GvcpResponder::Intercept to(Code code, const Answers &answers)
 {
-    return [code, answers](const Command &command) -> std::optional<Packets> {
-        if (command.code != code)
-            return std::nullopt;
-        return answers(command.id);
+    return [code, answers](const Command &command) {
+        return command.code == code ? std::optional(answers(command.id)) : std::nullopt;
     };
 }
 
@@ -34,6 +44,7 @@ std::vector<DeviceRecord> discover(const GvcpResponder &responder, std::chrono::
 } // namespace
 
 Q_DECLARE_METATYPE(Answers)
+Q_DECLARE_METATYPE(CameraAnswers)
 
 class TestGvcpDiscovery : public QObject
 {
@@ -47,13 +58,24 @@ private Q_SLOTS:
     void accessStatus_data();
     void accessStatus();
     void cameraOfAnotherSubnet();
-    void timeLimit();
+    void missingAdapter();
+    void forceIpPacket();
+    void forceIp_data();
+    void forceIp();
+    void anotherCamera();
+    void foundByAddress_data();
+    void foundByAddress();
+    void systemFiles();
 };
 
 void TestGvcpDiscovery::factsOfACamera()
 {
     GvcpResponder responder;
+    QElapsedTimer timer;
+    timer.start();
     const auto records = discover(responder);
+    // Early answers do not end the search.
+    QVERIFY(timer.elapsed() >= limit.count());
     // The general, the directed and the plain address each reach it, twice, and make one camera.
     QCOMPARE(records.size(), std::size_t(1));
     const DeviceRecord &record = records[0];
@@ -74,28 +96,28 @@ void TestGvcpDiscovery::answersThatDoNotCount_data()
 {
     QTest::addColumn<Answers>("answers");
     const Packet payload = facts(1, 0x7f000001, "S1");
-    const auto whole = [payload](std::uint16_t id) { return acknowledge(0x03, id, payload); };
-    QTest::newRow("empty") << Answers([](std::uint16_t) { return Packets{Packet()}; });
-    QTest::newRow("short header") << Answers([whole](std::uint16_t id) {
-        const Packet packet = whole(id);
-        return Packets{Packet(packet.begin(), packet.begin() + 7)};
+    const auto row = [](const char *name, const std::function<Packet(std::uint16_t)> &answer) {
+        MoxTest::row(name, Answers([answer](std::uint16_t id) { return Packets{answer(id)}; }));
+    };
+    row("empty", [](std::uint16_t) { return Packet(); });
+    row("short header", [=](std::uint16_t id) {
+        Packet packet = acknowledge(0x03, id, payload);
+        packet.resize(7);
+        return packet;
     });
-    QTest::newRow("short payload") << Answers([payload](std::uint16_t id) {
-        return Packets{acknowledge(0x03, id, Packet(payload.begin(), payload.end() - 1))};
-    });
-    QTest::newRow("length beyond the packet") << Answers([whole](std::uint16_t id) {
-        Packet packet = whole(id);
+    row("short payload",
+        [=](std::uint16_t id) { return acknowledge(0x03, id, Packet(payload.begin(), payload.end() - 1)); });
+    row("length beyond the packet", [=](std::uint16_t id) {
+        Packet packet = acknowledge(0x03, id, payload);
         packet[5] = 0xf9;
-        return Packets{packet};
+        return packet;
     });
-    QTest::newRow("another id") << Answers([whole](std::uint16_t id) { return Packets{whole(id ^ 0x4000)}; });
-    QTest::newRow("refusal") << Answers(
-        [payload](std::uint16_t id) { return Packets{acknowledge(0x03, id, payload, 0x8001)}; });
-    QTest::newRow("of another command") << Answers(
-        [payload](std::uint16_t id) { return Packets{acknowledge(0x81, id, payload)}; });
-    QTest::newRow("late") << Answers([whole](std::uint16_t id) {
+    row("another id", [=](std::uint16_t id) { return acknowledge(0x03, id ^ 0x4000, payload); });
+    row("refusal", [=](std::uint16_t id) { return acknowledge(0x03, id, payload, 0x8001); });
+    row("of another command", [=](std::uint16_t id) { return acknowledge(0x81, id, payload); });
+    row("late", [=](std::uint16_t id) {
         std::this_thread::sleep_for(limit + std::chrono::milliseconds(50));
-        return Packets{whole(id)};
+        return acknowledge(0x03, id, payload);
     });
 }
 
@@ -122,27 +144,19 @@ void TestGvcpDiscovery::severalCameras()
         return Packets{answer(0, 0x7f000002, "S1"),   answer(0, 0x7f000001, "S1"), Packet{1, 2, 3},
                        answer(0xb, 0x7f000001, "S1"), answer(7, 0x7f000001, ""),   answer(0xb, 0x7f000001, "S1")};
     });
-    const auto records = discover(responder);
-    const std::vector<std::string> ids{model + "000000000007", model + "S1-00000000000B", model + "S1-127.0.0.1",
-                                       model + "S1-127.0.0.2"};
-    const int statuses[] = {MoxCam::AccessReadWrite, MoxCam::AccessReadWrite, MoxCam::AccessNoAccess,
-                            MoxCam::AccessUnknown};
-    QCOMPARE(records.size(), ids.size());
-    for (std::size_t i = 0; i < ids.size(); ++i) {
-        QCOMPARE(records[i].id, ids[i]);
-        QCOMPARE(records[i].accessStatus, statuses[i]);
-    }
+    QStringList found;
+    for (const DeviceRecord &record : discover(responder))
+        found += QString::fromStdString(record.id.substr(model.size()) + ' ' + std::to_string(record.accessStatus));
+    QCOMPARE(found.join(QStringLiteral(", ")),
+             QStringLiteral("000000000007 1, S1-00000000000B 1, S1-127.0.0.1 3, S1-127.0.0.2 0"));
 }
 
 void TestGvcpDiscovery::accessStatus_data()
 {
-    QTest::addColumn<Answers>("answers");
-    QTest::addColumn<int>("status");
-    QTest::addColumn<int>("time");
+    columns<Answers, int>("answers", "status");
     const auto row = [](const char *name, const Packet &payload, std::uint16_t status, int expected) {
-        QTest::newRow(name) << Answers([=](std::uint16_t id) {
-            return Packets{acknowledge(0x81, id, payload, status)};
-        }) << expected << int(limit.count());
+        MoxTest::row(name, Answers([=](std::uint16_t id) { return Packets{acknowledge(0x81, id, payload, status)}; }),
+                     expected);
     };
     row("free", {0, 0, 0, 0}, 0, MoxCam::AccessReadWrite);
     row("free, switchover allowed", {0, 0, 0, 4}, 0, MoxCam::AccessReadWrite);
@@ -151,19 +165,19 @@ void TestGvcpDiscovery::accessStatus_data()
     row("denied", {}, 0x8006, MoxCam::AccessNoAccess);
     row("refused otherwise", {}, 0x8007, MoxCam::AccessUnknown);
     row("short", {0, 0, 0}, 0, MoxCam::AccessUnknown);
-    QTest::newRow("silent") << Answers([](std::uint16_t) { return Packets(); }) << int(MoxCam::AccessUnknown)
-                            << int(limit.count());
-    QTest::newRow("first question lost") << Answers([asked = std::make_shared<int>(0)](std::uint16_t id) {
+    MoxTest::row("silent", Answers([](std::uint16_t) { return Packets(); }), MoxCam::AccessUnknown);
+    const Answers second = [asked = std::make_shared<int>(0)](std::uint16_t id) {
         return ++*asked == 1 ? Packets() : Packets{acknowledge(0x81, id, {0, 0, 0, 2})};
-    }) << int(MoxCam::AccessNoAccess) << 2000;
+    };
+    MoxTest::row("first question lost", second, MoxCam::AccessNoAccess);
 }
 
 void TestGvcpDiscovery::accessStatus()
 {
     QFETCH(Answers, answers);
-    QFETCH(int, time);
     GvcpResponder responder(to(ReadRegister, answers));
-    const auto records = discover(responder, std::chrono::milliseconds(time));
+    const bool isAskedAgain = QByteArray(QTest::currentDataTag()) == "first question lost";
+    const auto records = discover(responder, isAskedAgain ? std::chrono::seconds(2) : limit);
     QCOMPARE(records.size(), std::size_t(1));
     QTEST(records[0].accessStatus, "status");
 }
@@ -171,7 +185,7 @@ void TestGvcpDiscovery::accessStatus()
 void TestGvcpDiscovery::cameraOfAnotherSubnet()
 {
     GvcpResponder responder(
-        to(Discovery, [](std::uint16_t id) { return Packets{acknowledge(0x03, id, facts(1, 0xcb007107, "S1"))}; }));
+        to(Discovery, [](std::uint16_t id) { return Packets{acknowledge(0x03, id, facts(1, elsewhere, "S1"))}; }));
     const auto records = discover(responder);
     QCOMPARE(records.size(), std::size_t(1));
     QCOMPARE(records[0].accessStatus, int(MoxCam::AccessSubnetMismatch));
@@ -179,20 +193,184 @@ void TestGvcpDiscovery::cameraOfAnotherSubnet()
         QCOMPARE(command.code, std::uint16_t(Discovery));
 }
 
-void TestGvcpDiscovery::timeLimit()
+void TestGvcpDiscovery::missingAdapter()
 {
-    GvcpResponder responder;
-    QElapsedTimer timer;
-    timer.start();
-    discover(responder);
-    // Early answers do not end the search.
-    QVERIFY(timer.elapsed() >= limit.count());
-
     Adapter gone = loopback();
     gone.index = 1u << 30;
-    timer.restart();
-    QCOMPARE(GvcpDiscovery(gone, responder.port).run(std::chrono::seconds(20)).size(), std::size_t(0));
+    QElapsedTimer timer;
+    timer.start();
+    QCOMPARE(GvcpDiscovery(gone, 1).run(std::chrono::seconds(20)).size(), std::size_t(0));
     QVERIFY(timer.elapsed() < 10000);
+}
+
+void TestGvcpDiscovery::forceIpPacket()
+{
+    const QByteArray expected = "42110004003812340000a1b2c3d4e5f6" + QByteArray(24, '0') + "c0a80a0d"
+        + QByteArray(24, '0') + "ffffff00" + QByteArray(24, '0') + "c0a80afe";
+    const Packet packet = Gvcp::forceIpCommand(0x1234, {0xa1b2c3d4e5f6, 0xc0a80a0d, 0xffffff00, 0xc0a80afe});
+    QCOMPARE(QByteArray(reinterpret_cast<const char *>(packet.data()), int(packet.size())).toHex(), expected);
+}
+
+void TestGvcpDiscovery::forceIp_data()
+{
+    // No answers: those of a camera.
+    columns<quint32, quint32, CameraAnswers, int, quint32, int>("before", "ip", "answers", "result", "after", "status");
+    const quint32 inside = 0x7f000001;
+    const quint32 other = 0x7f000002;
+    const int open = MoxCam::AccessReadWrite;
+    const int mismatch = MoxCam::AccessSubnetMismatch;
+    const int success = MoxCamError::Success;
+    row("repair", elsewhere, inside, CameraAnswers(), success, inside, open);
+    row("out of the subnet", inside, elsewhere, CameraAnswers(), success, elsewhere, mismatch);
+    const auto takes = [](std::uint32_t address) {
+        return CameraAnswers([=](GvcpResponder &camera, std::uint16_t id) {
+            camera.setIp(address);
+            return Packets{acknowledge(0x05, id, {})};
+        });
+    };
+    row("by itself", elsewhere, 0u, takes(inside), success, inside, open);
+    row("not there yet", elsewhere, inside, takes(elsewhere), success, inside, MoxCam::AccessUnknown);
+    row("not gone yet", inside, elsewhere, takes(inside), success, elsewhere, mismatch);
+    const CameraAnswers silent = [=](GvcpResponder &camera, std::uint16_t) {
+        camera.setIp(inside);
+        return Packets();
+    };
+    row("silent change", elsewhere, inside, silent, success, inside, open);
+    // The broadcasts of one try come together, those of the next one 300 ms later.
+    const CameraAnswers second = [=, first = QElapsedTimer()](GvcpResponder &camera, std::uint16_t id) mutable {
+        if (!first.isValid())
+            first.start();
+        if (first.elapsed() < 150)
+            return Packets();
+        camera.setIp(inside);
+        return Packets{acknowledge(0x05, id, {})};
+    };
+    row("first request lost", elsewhere, inside, second, success, inside, open);
+    const auto refusal = [=](const char *name, std::uint16_t word, int result) {
+        const CameraAnswers answer = [=](GvcpResponder &, std::uint16_t id) {
+            return Packets{acknowledge(5, id, {}, word)};
+        };
+        row(name, inside, other, answer, result, inside, open);
+    };
+    refusal("not implemented", 0x8001, MoxCamError::GenTLNotImplemented);
+    refusal("bad value", 0x8002, MoxCamError::GenTLInvalidParameter);
+    refusal("denied", 0x8006, MoxCamError::GenTLAccessDenied);
+    refusal("busy", 0x8007, MoxCamError::GenTLResourceInUse);
+    refusal("other refusal", 0x8fff, MoxCamError::GenTLError);
+    const CameraAnswers noise = [](GvcpResponder &, std::uint16_t id) {
+        return Packets{acknowledge(0x05, id ^ 0x4000, {}), acknowledge(0x83, id, Packet(4)), Packet{1}};
+    };
+    row("no answer that counts", inside, other, noise, int(MoxCamError::GenTLTimeout), inside, open);
+}
+
+void TestGvcpDiscovery::forceIp()
+{
+    QFETCH(quint32, before);
+    QFETCH(quint32, ip);
+    QFETCH(CameraAnswers, answers);
+    std::atomic<GvcpResponder *> itself{nullptr};
+    GvcpResponder camera([&](const Command &command) {
+        return command.code == ForceIp && answers ? std::optional(answers(*itself, command.id)) : std::nullopt;
+    });
+    itself = &camera;
+    camera.setIp(before);
+    GigEInterface interface("GEV::lo", loopback(), camera.port);
+    interface.ReDiscoverDevices(nullptr, 100);
+    DeviceInfo *info = interface.listedDevice(0);
+    QTEST(info->ForceIP(ip, mask, 0x7f000009), "result");
+    for (const Command &command : camera.takeCommands()) {
+        if (command.code == ForceIp)
+            QCOMPARE(command.packet, Gvcp::forceIpCommand(command.id, {0x001a2b3c4d5e, ip, mask, 0x7f000009}));
+    }
+    // At once; in the end the camera decides what its address is.
+    QTEST(info->record().ipAddress, "after");
+    QTEST(info->GetAccessStatus(), "status");
+}
+
+void TestGvcpDiscovery::anotherCamera()
+{
+    GvcpResponder camera;
+    GigEInterface interface("GEV::lo", loopback(), camera.port);
+    DeviceRecord record;
+    record.macAddress = 0x001a2b3c4d5f;
+    QCOMPARE(DeviceInfo(interface, record).ForceIP(0x7f000002, mask, 0), MoxCamError::GenTLTimeout);
+    QVERIFY(interface.ConnectByIp("127.0.0.1"));
+    // Without a hardware address nobody is asked.
+    record.macAddress = 0;
+    camera.takeCommands();
+    QCOMPARE(DeviceInfo(interface, record).ForceIP(0x7f000002, mask, 0), MoxCamError::GenTLInvalidParameter);
+    QVERIFY(camera.takeCommands().empty());
+}
+
+void TestGvcpDiscovery::foundByAddress_data()
+{
+    // What address the camera tells, how many questions it does not hear, who controls it; -1 is not found.
+    columns<quint32, int, int, int>("ip", "deaf", "privilege", "status");
+    row("free", 0x7f000001u, 0, 0, MoxCam::AccessReadWrite);
+    row("question lost", 0x7f000001u, 1, 0, MoxCam::AccessReadWrite);
+    row("in use", 0x7f000001u, 0, 2, MoxCam::AccessNoAccess);
+    row("says another address", 0x7f000002u, 0, 0, -1);
+    row("silent", 0x7f000001u, 1000, 0, -1);
+}
+
+void TestGvcpDiscovery::foundByAddress()
+{
+    QFETCH(quint32, ip);
+    QFETCH(int, deaf);
+    QFETCH(int, privilege);
+    QFETCH(int, status);
+    GvcpResponder camera([deaf, asked = 0](const Command &command) mutable {
+        return command.code == Discovery && ++asked <= deaf ? std::optional(Packets()) : std::nullopt;
+    });
+    camera.setIp(ip);
+    camera.setBytes(Gvcp::ControlChannelPrivilege + 3, std::string(1, char(privilege)));
+    GigEInterface interface("GEV::lo", loopback(), camera.port);
+    auto *info = static_cast<DeviceInfo *>(interface.ConnectByIp("127.0.0.1"));
+    QCOMPARE(info ? info->GetAccessStatus() : -1, status);
+    QCOMPARE(interface.deviceCount(), std::size_t(0));
+    if (status == MoxCam::AccessReadWrite) {
+        const auto link = interface.openLink(info->record());
+        char byte = 0;
+        link->port().Read(&byte, 0x1000, 1);
+        QCOMPARE(interface.ConnectByIp("127.0.0.1"), info);
+        QCOMPARE(info->GetAccessStatus(), int(MoxCam::AccessNoAccess));
+    }
+}
+
+void TestGvcpDiscovery::systemFiles()
+{
+    // A subnet, another adapter, half of all addresses, the default route.
+    std::istringstream routes("Iface\tDestination\tGateway \tFlags\tRefCnt\tUse\tMetric\tMask\tMTU\n"
+                              "eth0\t000AA8C0\t00000000\t0001\t0\t0\t0\t00FFFFFF\t0\n"
+                              "eth1\t00000000\tFE0BA8C0\t0003\t0\t0\t0\t00000000\t0\n"
+                              "eth0\t00000000\t0100080A\t0003\t0\t0\t0\t00000080\t0\n"
+                              "eth0\t00000000\tFE0AA8C0\t0003\t0\t0\t4294967295\t00000000\t0\n");
+    QCOMPARE(defaultGateway(routes, "eth0"), 0xc0a80afeu);
+    QCOMPARE(defaultGateway(routes, "eth0"), 0u);
+
+    QTemporaryDir devices;
+    const auto write = [&](const char *device, const char *name, const char *content) {
+        QVERIFY(QDir(devices.path()).mkpath(QLatin1String(device)));
+        QFile file(devices.filePath(QLatin1String(device) + QLatin1Char('/') + QLatin1String(name)));
+        QVERIFY(file.open(QIODevice::WriteOnly) && file.write(content) > 0);
+    };
+    write("1-0:1.0", "version", " 1.10\n");
+    for (const auto &[device, serial, version] :
+         {std::array{"2-1", "1", " 3.20\n"}, std::array{"2-2", "2", " 2.10\n"}, std::array{"2-3", "3", "three\n"}}) {
+        write(device, "serial", serial);
+        write(device, "product", "MX-2K-C\n");
+        write(device, "version", version);
+    }
+    const auto version = [&](const char *serial) {
+        DeviceRecord record;
+        record.model = "MX-2K-C";
+        record.serialNumber = serial;
+        return usbVersion(devices.path().toStdString(), record);
+    };
+    QCOMPARE(version("1"), 0x0320u);
+    QCOMPARE(version("2"), 0x0210u);
+    QCOMPARE(version("3"), 0u);
+    QCOMPARE(version("4"), 0u);
 }
 
 QTEST_GUILESS_MAIN(TestGvcpDiscovery)

@@ -6,8 +6,6 @@
 #include "simulated/descriptions.h"
 #include "simulated/firmware.h"
 
-#include <QString>
-
 #include <functional>
 
 namespace MoxTest {
@@ -20,13 +18,6 @@ public:
           map(MoxGenApi::createNodeMap(*MoxSdk::modelDescription(model).text, *this, "Device"))
     { }
 
-    GenApi_3_0::IValue *feature(const QString &name) const
-    {
-        auto *value = dynamic_cast<GenApi_3_0::IValue *>(map->GetNode(name.toUtf8().constData()));
-        if (!value)
-            qFatal("There is no feature %s", qUtf8Printable(name));
-        return value;
-    }
     /** The features under Root, in the description's order, without the categories. */
     std::vector<GenApi_3_0::IValue *> features() const
     {

@@ -1,4 +1,5 @@
 // The descriptions of the three models: complete, consistent, and true about the firmware behind them.
+#include "../featurescript.h"
 #include "bench.h"
 
 #include <testmain.h>
@@ -6,10 +7,7 @@
 #include <arv.h>
 
 #include <QSet>
-#include <QTemporaryFile>
 #include <QXmlStreamReader>
-
-#include <unistd.h>
 
 using namespace GenApi_3_0;
 using MoxSim::Model;
@@ -18,39 +16,6 @@ using MoxTest::Bench;
 Q_DECLARE_METATYPE(MoxSim::Model)
 
 namespace {
-
-/** Catches what is written to the standard streams, which is where Aravis complains. */
-class StreamCatcher
-{
-public:
-    StreamCatcher()
-    {
-        std::fflush(nullptr);
-        m_file.open();
-        for (int stream : {1, 2}) {
-            m_kept[stream - 1] = dup(stream);
-            dup2(m_file.handle(), stream);
-        }
-    }
-    ~StreamCatcher() { release(); }
-    QByteArray release()
-    {
-        std::fflush(nullptr);
-        for (int stream : {1, 2}) {
-            if (m_kept[stream - 1] >= 0) {
-                dup2(m_kept[stream - 1], stream);
-                close(m_kept[stream - 1]);
-                m_kept[stream - 1] = -1;
-            }
-        }
-        m_file.seek(0);
-        return m_file.readAll();
-    }
-
-private:
-    QTemporaryFile m_file;
-    int m_kept[2];
-};
 
 QString text(const gcstring &from)
 {
@@ -65,10 +30,8 @@ QString appearance(IValue *feature)
     if (!IsReadable(mode))
         return result;
     result += QLatin1Char(' ') + text(feature->ToString());
-    if (auto *integer = dynamic_cast<IInteger *>(feature))
-        result += QStringLiteral(" [%1, %2]").arg(integer->GetMin()).arg(integer->GetMax());
-    if (auto *real = dynamic_cast<IFloat *>(feature))
-        result += QStringLiteral(" [%1, %2]").arg(real->GetMin()).arg(real->GetMax());
+    if (dynamic_cast<IInteger *>(feature) || dynamic_cast<IFloat *>(feature))
+        result += QLatin1Char(' ') + MoxTest::limits(feature);
     if (auto *enumeration = dynamic_cast<IEnumeration *>(feature)) {
         NodeList_t entries;
         enumeration->GetEntries(entries);
@@ -142,43 +105,33 @@ private:
     }
 };
 
+// CTest fails it for what Aravis complains of.
 void TestDescriptions::loadsInAravis()
 {
     QFETCH(Model, model);
     const std::string xml = MoxSim::description(model);
-    arv_debug_enable("genicam:1,dom:1");
-    StreamCatcher catcher;
+    arv_debug_enable("genicam:2,dom:2");
     ArvGc *genicam = arv_gc_new(nullptr, xml.data(), xml.size());
-    ArvGcNode *root = genicam ? arv_gc_get_node(genicam, "Root") : nullptr;
-    ArvGcNode *width = genicam ? arv_gc_get_node(genicam, "Width") : nullptr;
+    QVERIFY(genicam && arv_gc_get_node(genicam, "Root") && arv_gc_get_node(genicam, "Width"));
     g_clear_object(&genicam);
-    const QByteArray said = catcher.release();
-    QVERIFY(root);
-    QVERIFY(width);
-    QCOMPARE(said, QByteArray());
 }
 
 void TestDescriptions::referencesResolve()
 {
     QFETCH(Model, model);
-    const QSet<QString> kinds{
-        QStringLiteral("Category"),     QStringLiteral("Integer"),       QStringLiteral("IntReg"),
-        QStringLiteral("MaskedIntReg"), QStringLiteral("StructReg"),     QStringLiteral("StructEntry"),
-        QStringLiteral("IntConverter"), QStringLiteral("IntSwissKnife"), QStringLiteral("Float"),
-        QStringLiteral("FloatReg"),     QStringLiteral("Converter"),     QStringLiteral("SwissKnife"),
-        QStringLiteral("Boolean"),      QStringLiteral("Command"),       QStringLiteral("String"),
-        QStringLiteral("StringReg"),    QStringLiteral("Enumeration"),   QStringLiteral("EnumEntry"),
-        QStringLiteral("Register"),     QStringLiteral("Port"),
-    };
+    const QStringList kinds = QStringLiteral("Category Integer IntReg MaskedIntReg StructReg StructEntry IntConverter "
+                                             "IntSwissKnife Float FloatReg Converter SwissKnife Boolean Command String "
+                                             "StringReg Enumeration EnumEntry Register Port")
+                                  .split(QLatin1Char(' '));
     QSet<QString> names;
     QSet<QString> references;
-    QSet<QString> missingKinds = kinds;
+    QSet<QString> tags;
     QXmlStreamReader reader(QByteArray::fromStdString(MoxSim::description(model)));
     while (!reader.atEnd()) {
         if (reader.readNext() != QXmlStreamReader::StartElement)
             continue;
         const QString tag = reader.name().toString();
-        missingKinds.remove(tag);
+        tags += tag;
         if (kinds.contains(tag) && tag != QLatin1String("EnumEntry") && tag != QLatin1String("StructReg")) {
             const QString name = reader.attributes().value(QLatin1String("Name")).toString();
             QVERIFY2(!names.contains(name), qPrintable(name));
@@ -189,7 +142,8 @@ void TestDescriptions::referencesResolve()
     }
     QVERIFY2(!reader.hasError(), qPrintable(reader.errorString()));
     QCOMPARE(references - names, QSet<QString>());
-    QCOMPARE(missingKinds, QSet<QString>());
+    for (const QString &kind : kinds)
+        QVERIFY2(tags.contains(kind), qPrintable(kind));
 }
 
 void TestDescriptions::everyFeatureIsSound()
