@@ -21,6 +21,13 @@ class MoxCameraSelectorDialogPrivate;
  * Lists interfaces and their cameras in a tree and lets the user select one camera. It can watch the system from a
  * thread of its own and then shows cameras as they come and go, keeping the current item as long as it is there.
  *
+ * For GigE Vision it has two address tools: "Set IP Address" assigns the current camera an address, and "Connect by IP
+ * Address", in an interface's context menu, accepts the dialog with the camera that answers at an address. Both block
+ * the GUI thread while they wait for the network. The address asked for last is the one thing kept on disk: QSettings
+ * "Moxara" / "MoxCameraGuiApi", key "CameraSelector/IPAddress".
+ *
+ * It may be deleted at any time on the GUI thread, also while a dialog of these tools is open.
+ *
  * Needs a QApplication. All of it is used on the GUI thread. See also SelectCameraA(), which runs it modally.
  */
 class MOXGUI_EXPORT MoxCameraSelectorDialog : public QDialog

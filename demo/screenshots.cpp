@@ -12,10 +12,13 @@
 #include <QLineEdit>
 #include <QPixmap>
 #include <QPushButton>
+#include <QSettings>
+#include <QTemporaryDir>
 #include <QTextStream>
 #include <QTimer>
 #include <QTreeView>
 
+#include <algorithm>
 #include <functional>
 
 namespace MoxDemo {
@@ -53,24 +56,71 @@ MoxCam::DeviceInfo *cameraWithId(MoxCam::System *system, const std::string &id)
     return findCamera(system, [&](MoxCam::DeviceInfo *camera) { return id == camera->GetID(); });
 }
 
-bool save(QWidget &window, const QDir &directory, const char *name)
+/** A directory of pictures that remembers whether one is missing. */
+class Album
 {
-    const QString path = directory.filePath(QString::fromLatin1(name));
-    const bool written = window.grab().save(path);
-    if (written)
-        QTextStream(stdout) << path << '\n';
-    else
-        QTextStream(stderr) << "moxdemo: cannot write " << path << '\n';
-    return written;
-}
+public:
+    explicit Album(const QDir &target) : directory(target) { }
 
-/** Writes what a window looks like when it is shown first, without a flash on a real screen. */
-bool render(QWidget &window, const QDir &directory, const char *name)
+    bool isComplete() const { return complete; }
+    /** Fails with what went wrong; the pictures after it are taken all the same. */
+    void fail(const QString &reason)
+    {
+        QTextStream(stderr) << "moxdemo: " << reason << '\n';
+        complete = false;
+    }
+    /** Writes what a window looks like, once its layout has followed its texts. */
+    void save(QWidget &window, const char *name)
+    {
+        QApplication::processEvents();
+        const QString path = directory.filePath(QString::fromLatin1(name));
+        if (window.grab().save(path))
+            QTextStream(stdout) << path << '\n';
+        else
+            fail(QStringLiteral("cannot write %1").arg(path));
+    }
+    /** Writes what a window looks like when it is shown first, without a flash on a real screen. */
+    void render(QWidget &window, const char *name)
+    {
+        window.setAttribute(Qt::WA_DontShowOnScreen);
+        window.show();
+        save(window, name);
+    }
+
+private:
+    const QDir directory;
+    bool complete = true;
+};
+
+/** What to do with a modal dialog: it must have the title, and the action must close it. */
+struct Step
 {
-    window.setAttribute(Qt::WA_DontShowOnScreen);
-    window.show();
-    QApplication::processEvents(); // some widgets size themselves when they hear that they are shown
-    return save(window, directory, name);
+    const char *title;
+    std::function<void(QDialog &dialog)> act;
+};
+
+/** Walks through the modal dialogs that @p open opens one after the other; one that is not expected is rejected. */
+void walk(Album &album, const std::function<void()> &open, const std::vector<Step> &steps)
+{
+    auto step = steps.begin();
+    QTimer user; // ends here, also when nothing opens
+    QObject::connect(&user, &QTimer::timeout, &user, [&] {
+        auto *dialog = qobject_cast<QDialog *>(QApplication::activeModalWidget());
+        if (!dialog)
+            return;
+        user.stop(); // the step lets events in
+        if (step == steps.end() || dialog->windowTitle() != QLatin1String(step->title)) {
+            album.fail(QStringLiteral("a dialog was not expected: %1").arg(dialog->windowTitle()));
+            dialog->reject();
+        } else {
+            (step++)->act(*dialog);
+        }
+        user.start();
+    });
+    user.start(0);
+    open();
+    for (; step != steps.end(); ++step)
+        album.fail(QStringLiteral("a dialog did not open: %1").arg(QLatin1String(step->title)));
 }
 
 /** Makes the item with that text current in a selector's tree. */
@@ -84,55 +134,67 @@ void setCurrent(const MoxGui::MoxCameraSelectorDialog &selector, const char *tex
 }
 
 /** Renders a selector on the world as it is, with a camera current unless it is null. */
-bool renderSelector(MoxCam::System *system, MoxCam::DeviceInfo *camera, bool poll, const QDir &directory,
-                    const char *name)
+void renderSelector(Album &album, MoxCam::System *system, MoxCam::DeviceInfo *camera, bool poll, const char *name)
 {
     MoxGui::MoxCameraSelectorDialog selector(system, nullptr, poll);
     if (camera)
         setCurrent(selector, camera->GetDisplayName());
-    return render(selector, directory, name);
+    album.render(selector, name);
 }
 
-/** Renders the modal dialog that @p open opens, as @p edit leaves it, and closes it again. */
-bool renderModal(const std::function<void()> &open, const std::function<void(QDialog &)> &edit, const QDir &directory,
-                 const char *name)
-{
-    bool written = false;
-    QTimer::singleShot(0, qApp, [&] {
-        auto *dialog = qobject_cast<QDialog *>(QApplication::activeModalWidget());
-        if (!dialog)
-            return;
-        QApplication::processEvents();
-        edit(*dialog);
-        QApplication::processEvents(); // the layout follows the texts
-        written = save(*dialog, directory, name);
-        dialog->reject();
-    });
-    open();
-    return written;
-}
-
-/** Renders the address tools: each verdict of the Set IP dialog, and the Connect dialog. */
-bool renderAddressTools(MoxCam::System *system, const QDir &directory)
+/** A camera on the wrong subnet: each verdict of the Set IP dialog, the warning, and the repair. */
+void renderRepair(Album &album, MoxCam::System *system)
 {
     MoxCam::DeviceInfo *stranded = cameraWithStatus(system, MoxCam::AccessSubnetMismatch);
     if (!stranded)
-        return false;
+        return album.fail(QStringLiteral("no camera is on the wrong subnet"));
     MoxGui::MoxCameraSelectorDialog selector(system, nullptr, false);
     setCurrent(selector, stranded->GetDisplayName());
+    album.render(selector, "selector-stranded.png");
+
     const auto setIp = [&] { selector.findChild<QPushButton *>(QStringLiteral("setIpBtn"))->click(); };
-    const auto type = [](const char *field, const char *text) {
-        return [=](QDialog &dialog) {
+    // Types into a field of the dialog and saves its picture.
+    const auto typed = [&](const char *field, const char *text, const char *name) {
+        return [&album, field, text, name](QDialog &dialog) {
             dialog.findChild<QLineEdit *>(QString::fromLatin1(field))->setText(QString::fromLatin1(text));
+            album.save(dialog, name);
+            dialog.reject();
         };
     };
-    bool written = renderModal(
-        setIp, [](QDialog &) {}, directory, "set-ip-ok.png");
-    written &= renderModal(setIp, type("subnetMaskLineEdit", "255.255.0.0"), directory, "set-ip-mask.png");
-    written &= renderModal(setIp, type("ipAddressLineEdit", "10.0.0.7"), directory, "set-ip-subnet.png");
-    written &= renderModal(setIp, type("ipAddressLineEdit", "192.168.10.1"), directory, "set-ip-address.png");
+    const char *title = "Set IP Address";
+    walk(album, setIp, {{title, typed("subnetMaskLineEdit", "255.255.0.0", "set-ip-mask.png")}});
+    walk(album, setIp, {{title, typed("ipAddressLineEdit", "10.0.0.7", "set-ip-subnet.png")}});
+    walk(album, setIp, {{title, typed("ipAddressLineEdit", "192.168.10.1", "set-ip-address.png")}});
+    walk(album, setIp,
+         {{title,
+           [](QDialog &dialog) {
+               dialog.findChild<QLineEdit *>(QStringLiteral("ipAddressLineEdit"))->setText(QStringLiteral("10.0.0.7"));
+               dialog.accept();
+           }},
+          {"IP Configuration Warning", [&](QDialog &dialog) {
+               album.save(dialog, "set-ip-warning.png");
+               dialog.reject(); // changes nothing
+           }}});
+    walk(album, setIp, {{title, [&](QDialog &dialog) {
+                             album.save(dialog, "set-ip-ok.png"); // as it is proposed
+                             dialog.accept();
+                         }}});
+    album.save(selector, "selector-repaired.png");
+}
 
-    setCurrent(selector, stranded->GetInterface()->GetDescription());
+/** A camera that only its address finds, from the address to the opened camera. */
+void renderConnect(Album &album, MoxCam::System *system)
+{
+    const std::string interface = MoxSim::interfaces().front();
+    const std::vector<std::string> cameras = MoxSim::cameras(interface);
+    const auto hidden = std::find_if(cameras.begin(), cameras.end(), [](const std::string &camera) {
+        return MoxSim::reach(camera) == MoxSim::Reach::Undiscovered;
+    });
+    if (hidden == cameras.end())
+        return album.fail(QStringLiteral("discovery finds every camera"));
+
+    MoxGui::MoxCameraSelectorDialog selector(system, nullptr, false);
+    setCurrent(selector, interfacesOf(system).front()->GetDescription());
     const auto connectByIp = [&] {
         const auto actions = selector.findChildren<QAction *>();
         for (QAction *action : actions) {
@@ -140,12 +202,20 @@ bool renderAddressTools(MoxCam::System *system, const QDir &directory)
                 action->trigger();
         }
     };
-    written &= renderModal(connectByIp, type("ipAddressLineEdit", "192.168.1.77"), directory, "connect.png");
-    return written;
+    walk(album, connectByIp, {{"Connect by IP Address", [&](QDialog &dialog) {
+                                   dialog.findChild<QLineEdit *>(QStringLiteral("ipAddressLineEdit"))
+                                       ->setText(QString::fromStdString(MoxSim::ipAddress(*hidden)));
+                                   album.save(dialog, "connect.png");
+                                   dialog.accept();
+                               }}});
+    MainWindow window(system, false);
+    window.setChosenCamera(selector.selectedCamera());
+    window.openChosenCamera();
+    album.render(window, "connected.png");
 }
 
 /** The main window after an attempt on every camera, the given one last. */
-bool renderMainWindow(MoxCam::System *system, MoxCam::DeviceInfo *camera, const QDir &directory)
+void renderMainWindow(Album &album, MoxCam::System *system, MoxCam::DeviceInfo *camera)
 {
     MainWindow window(system, false);
     for (const FoundInterface &entry : discover(system)) {
@@ -155,7 +225,7 @@ bool renderMainWindow(MoxCam::System *system, MoxCam::DeviceInfo *camera, const 
         }
     }
     window.setChosenCamera(camera);
-    return render(window, directory, "moxdemo.png");
+    album.render(window, "moxdemo.png");
 }
 
 } // namespace
@@ -169,29 +239,34 @@ bool takeScreenshots(MoxCam::System *system, const QString &directory)
     }
 
     nextHandler = qInstallMessageHandler(handleMessage);
+    // The user's own settings are neither shown nor changed.
+    const QTemporaryDir settings;
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, settings.path());
     // The offscreen platform's font is larger than a desktop's.
     QFont font = QApplication::font();
     font.setPointSize(9);
     QApplication::setFont(font);
+
+    Album album(target);
     MoxSim::setWorlds(MoxSim::SimulatedWorld);
     MoxCam::DeviceInfo *camera = cameraWithStatus(system, MoxCam::AccessReadWrite);
-    bool written = renderMainWindow(system, camera, target);
-    written &= renderSelector(system, camera, false, target, "selector.png");
-    written &= renderSelector(system, camera, true, target, "selector-polling.png");
+    renderMainWindow(album, system, camera);
+    renderSelector(album, system, camera, false, "selector.png");
+    renderSelector(album, system, camera, true, "selector-polling.png");
     const std::string slowCamera = MoxSim::cameras("Sim::U3V0").back();
-    written &= renderSelector(system, cameraWithId(system, slowCamera), false, target, "selector-usb.png");
-    written &=
-        renderSelector(system, cameraWithStatus(system, MoxCam::AccessNoAccess), false, target, "selector-busy.png");
-    written &= renderAddressTools(system, target);
+    renderSelector(album, system, cameraWithId(system, slowCamera), false, "selector-usb.png");
+    renderSelector(album, system, cameraWithStatus(system, MoxCam::AccessNoAccess), false, "selector-busy.png");
+    renderRepair(album, system);
+    renderConnect(album, system);
 
     MoxSim::clearWorld();
-    written &= renderSelector(system, nullptr, false, target, "selector-empty.png");
+    renderSelector(album, system, nullptr, false, "selector-empty.png");
 
     MoxSim::setWorlds(MoxSim::RealWorld);
     if (MoxCam::DeviceInfo *realCamera = cameraWithStatus(system, MoxCam::AccessReadWrite))
-        written &= renderSelector(system, realCamera, false, target, "selector-real.png");
+        renderSelector(album, system, realCamera, false, "selector-real.png");
     qInstallMessageHandler(nextHandler);
-    return written;
+    return album.isComplete();
 }
 
 } // namespace MoxDemo

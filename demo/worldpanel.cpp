@@ -22,7 +22,7 @@ namespace MoxDemo {
 
 namespace {
 
-enum Column { NameColumn, HostColumn };
+enum Column { NameColumn, AddressColumn, HostColumn };
 
 QString idOf(const QTreeWidgetItem *item)
 {
@@ -48,7 +48,7 @@ QStringList worldIds()
 
 QTreeWidgetItem *createItem(const std::string &id)
 {
-    auto *item = new QTreeWidgetItem({QString::fromStdString(id), QString()}); // without parent: the caller inserts it
+    auto *item = new QTreeWidgetItem({QString::fromStdString(id)}); // without parent: the caller inserts it
     item->setData(NameColumn, Qt::UserRole, QString::fromStdString(id));
     item->setToolTip(NameColumn, QString::fromStdString(id));
     return item;
@@ -63,9 +63,10 @@ WorldPanel::WorldPanel(MoxCam::System *system, QWidget *parent)
       m_settings(new WorldSettings(this))
 {
     m_tree->setObjectName(QStringLiteral("worldTree"));
-    m_tree->setHeaderLabels({tr("Plugged in"), tr("What the host sees")});
+    m_tree->setHeaderLabels({tr("Plugged in"), tr("Address"), tr("Host sees")});
     m_tree->header()->setStretchLastSection(false);
     m_tree->header()->setSectionResizeMode(NameColumn, QHeaderView::Stretch);
+    m_tree->header()->setSectionResizeMode(AddressColumn, QHeaderView::ResizeToContents);
     m_tree->header()->setSectionResizeMode(HostColumn, QHeaderView::ResizeToContents);
     connect(m_tree, &QTreeWidget::itemChanged, this, &WorldPanel::plug);
     connect(m_tree, &QTreeWidget::currentItemChanged, this, &WorldPanel::refresh);
@@ -166,8 +167,11 @@ void WorldPanel::refresh()
         const bool plugged = isInterface(item) ? interfaces.contains(id) : MoxSim::isPlugged(id.toStdString());
         item->setText(NameColumn, m_names.value(id, id));
         item->setCheckState(NameColumn, plugged ? Qt::Checked : Qt::Unchecked);
-        if (!isInterface(item))
+        if (!isInterface(item)) {
+            // The world tells it also of a camera that only its address finds.
+            item->setText(AddressColumn, QString::fromStdString(MoxSim::ipAddress(id.toStdString())));
             item->setText(HostColumn, camera ? accessText(camera->GetAccessStatus()) : tr("not seen"));
+        }
     }
 
     const QTreeWidgetItem *current = m_tree->currentItem();

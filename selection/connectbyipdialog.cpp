@@ -5,7 +5,7 @@
 
 #include <QPushButton>
 
-ConnectByIpDialog::ConnectByIpDialog(QWidget *parent) : QDialog(parent), ui(new Ui_ConnectByIpDialog)
+ConnectByIpDialog::ConnectByIpDialog(QWidget *parent) : QDialog(parent), ui(std::make_unique<Ui_ConnectByIpDialog>())
 {
     ui->setupUi(this);
     QLineEdit *edit = ui->ipAddressLineEdit;

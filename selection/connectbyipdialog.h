@@ -8,7 +8,7 @@
 
 class Ui_ConnectByIpDialog;
 
-/** Asks for a dotted address. A local object of the call that runs it, GUI thread only. */
+/** Asks for a dotted address. Lives for the call that runs it, GUI thread only. */
 class ConnectByIpDialog : public QDialog
 {
     Q_OBJECT

@@ -8,6 +8,7 @@
 #include "ui_moxcameraselectordialog.h"
 
 #include <QMenu>
+#include <QPointer>
 #include <QPushButton>
 
 #include <chrono>
@@ -153,9 +154,19 @@ void MoxCameraSelectorDialogPrivate::showContextMenu(const QPoint &pos)
         menu = isGigEVision(info->GetInterface()) ? deviceMenu : nullptr;
     else if (isGigEVision(object.value<MoxCam::Interface *>()))
         menu = interfaceMenu;
+    if (!menu)
+        return;
+    // Its entry runs when the menu is left: Qt still writes to a menu whose entry is running, and an application that
+    // deletes the selector meanwhile deletes the menu with it.
+    const QPointer<QAction> entry = menu->actions().constFirst();
+    entry->blockSignals(true);
     // The view's own coordinates, though the position is one of its viewport.
-    if (menu)
-        menu->exec(ui->cameraTreeView->mapToGlobal(pos));
+    const bool chosen = menu->exec(ui->cameraTreeView->mapToGlobal(pos));
+    if (!entry) // deleted with the menu open
+        return;
+    entry->blockSignals(false);
+    if (chosen)
+        entry->trigger();
 }
 
 MoxCameraSelectorDialog::MoxCameraSelectorDialog(MoxCam::System *system, QWidget *parent, bool poll)

@@ -2,6 +2,7 @@
 #include "moxcameraselectordialog_p.h"
 
 #include "ip4validator.h"
+#include "mactext.h"
 #include "moxcameraselectordialog.h"
 #include "sdkmetatypes.h"
 #include "ui_moxcameraselectordialog.h"
@@ -49,23 +50,15 @@ QStandardItem *addRow(QStandardItemModel *model, const QString &caption, const c
 
 /** Adds a row for a parameter, unless it cannot be read. */
 void addParameter(QStandardItemModel *model, const QString &caption, MoxGenParam::Array *params, const char *name,
-                  QString (*toText)(std::int64_t))
+                  QString (*toText)(quint64))
 {
     MoxCamErr err = 0;
     const std::int64_t value = params->GetIntegerValue(name, &err);
     if (err == 0)
-        addRow(model, caption, toText(value));
+        addRow(model, caption, toText(static_cast<quint64>(value)));
 }
 
-QString macText(std::int64_t value)
-{
-    QStringList bytes;
-    for (int shift = 40; shift >= 0; shift -= 8)
-        bytes << QString::number(value >> shift & 0xFF, 16).rightJustified(2, QLatin1Char('0')).toUpper();
-    return bytes.join(QLatin1Char(':'));
-}
-
-QString addressText(std::int64_t value)
+QString addressText(quint64 value)
 {
     return IP4Validator::getIpStr(static_cast<quint32>(value));
 }
@@ -104,14 +97,14 @@ QString transportWord(int interfaceType)
     }
 }
 
-/** The row "USB Version", for a camera whose interface tells it; @p place is the camera's among the interface's. */
-void addUsbVersion(QStandardItemModel *model, MoxCam::Interface *iface, int place)
+/** The row "USB Version", for a camera whose interface tells it; @p row is the camera's in the tree. */
+void addUsbVersion(QStandardItemModel *model, MoxCam::Interface *iface, int row)
 {
     MoxGenParam::Array *params = iface->GetParameters(nullptr);
     if (!params)
         return;
     MoxGenParam::Int *version = params->GetInt("DeviceUSBVersionDetected", nullptr);
-    if (!version || params->SetIntegerValue("DeviceSelector", place) != 0)
+    if (!version || !MoxGui::selectDevice(params, row))
         return;
     const std::int64_t value = version->GetValue(nullptr);
     if (value == 0)
@@ -123,11 +116,11 @@ void addUsbVersion(QStandardItemModel *model, MoxCam::Interface *iface, int plac
 }
 
 /** The rows of a camera's network identity. */
-void addNetwork(QStandardItemModel *model, MoxCam::Interface *iface, MoxCam::DeviceInfo *info, int place)
+void addNetwork(QStandardItemModel *model, MoxCam::Interface *iface, MoxCam::DeviceInfo *info, int row)
 {
     MoxCamErr err = 0;
     MoxGenParam::Array *params = iface->GetParameters(&err);
-    if (err != 0 || !params || params->SetIntegerValue("DeviceSelector", place) != 0)
+    if (err != 0 || !params || !MoxGui::selectDevice(params, row))
         return;
     addParameter(model, QStringLiteral("MAC Address"), params, "GevDeviceMACAddress", macText);
 
@@ -145,6 +138,11 @@ void addNetwork(QStandardItemModel *model, MoxCam::Interface *iface, MoxCam::Dev
 } // namespace
 
 namespace MoxGui {
+
+bool selectDevice(MoxGenParam::Array *params, int row)
+{
+    return params->SetIntegerValue("DeviceSelector", row) == 0;
+}
 
 void MoxCameraSelectorDialogPrivate::FillInfo(const QModelIndex &index)
 {
@@ -165,7 +163,7 @@ void MoxCameraSelectorDialogPrivate::FillInfo(const QModelIndex &index)
         fillInterfaceInfo(iface);
 }
 
-void MoxCameraSelectorDialogPrivate::fillDeviceInfo(MoxCam::DeviceInfo *info, int place)
+void MoxCameraSelectorDialogPrivate::fillDeviceInfo(MoxCam::DeviceInfo *info, int row)
 {
     retire(ui->deviceInfoTreeView, deviceColumnWidth);
     auto *rows = new QStandardItemModel(q);
@@ -177,7 +175,7 @@ void MoxCameraSelectorDialogPrivate::fillDeviceInfo(MoxCam::DeviceInfo *info, in
     addRow(rows, QStringLiteral("User name"), info->GetUserDefinedName());
     MoxCam::Interface *iface = info->GetInterface();
     if (iface)
-        addUsbVersion(rows, iface, place);
+        addUsbVersion(rows, iface, row);
 
     const int status = info->GetAccessStatus();
     QStandardItem *statusItem = addRow(rows, QStringLiteral("Access status"), statusWord(status));
@@ -187,7 +185,7 @@ void MoxCameraSelectorDialogPrivate::fillDeviceInfo(MoxCam::DeviceInfo *info, in
         statusItem->setBackground(QBrush(Qt::red));
 
     if (iface && iface->GetType() == MoxCam::InterfaceGigEVision)
-        addNetwork(rows, iface, info, place);
+        addNetwork(rows, iface, info, row);
     present(ui->deviceInfoTreeView, rows, deviceColumnWidth);
 }
 

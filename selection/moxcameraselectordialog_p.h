@@ -22,9 +22,19 @@ class Interface;
 class System;
 } // namespace MoxCam
 
+namespace MoxGenParam {
+class Array;
+}
+
 namespace MoxGui {
 
 class MoxCameraSelectorDialog;
+
+/**
+ * Makes the parameters of an interface speak of the camera in that row of the tree. The row counts even where the
+ * interface has discovered anew for somebody else since, and has that place taken by another camera. False when refused.
+ */
+bool selectDevice(MoxGenParam::Array *params, int row);
 
 /**
  * What stands behind the camera selector: form, model and poll thread.
@@ -37,7 +47,7 @@ class MoxCameraSelectorDialogPrivate
 {
 public:
     explicit MoxCameraSelectorDialogPrivate(bool poll);
-    virtual ~MoxCameraSelectorDialogPrivate();
+    virtual ~MoxCameraSelectorDialogPrivate(); // nothing derives from it; virtual all the same
     Q_DISABLE_COPY(MoxCameraSelectorDialogPrivate)
 
     /** Sets up the form, enumerates the system, and starts polling when told to. Called once. */
@@ -79,7 +89,7 @@ private:
     void showContextMenu(const QPoint &pos);
     void setIpAddress();
     void connectByIpAddress();
-    void fillDeviceInfo(MoxCam::DeviceInfo *info, int place);
+    void fillDeviceInfo(MoxCam::DeviceInfo *info, int row);
     void fillInterfaceInfo(MoxCam::Interface *iface);
 };
 

@@ -20,6 +20,7 @@ void PrivateSlotForwarder::onSystemChanged()
     QModelIndex index = d->model->getItemIdx(d->lastItemId);
     if (!index.isValid())
         index = d->model->getFirstIdx();
+    // With all interfaces gone there is none: nothing becomes current, and the panels and buttons keep what they showed.
     QTreeView *view = d->ui->cameraTreeView;
     view->selectionModel()->select(index, QItemSelectionModel::Select);
     // The reset left nothing current, so this reports the current item anew, also when it is the same one.

@@ -1,11 +1,10 @@
 #include "setipdialog.h"
 
 #include "ip4validator.h"
+#include "mactext.h"
 #include "ui_setipdialog.h"
 
-#include <QStringList>
-
-SetIpDialog::SetIpDialog(QWidget *parent) : QDialog(parent), ui(new Ui_SetIpDialog)
+SetIpDialog::SetIpDialog(QWidget *parent) : QDialog(parent), ui(std::make_unique<Ui_SetIpDialog>())
 {
     ui->setupUi(this);
 
@@ -47,10 +46,7 @@ quint32 SetIpDialog::Gateway() const
 
 void SetIpDialog::setMACLineEdit(QLineEdit *edit, unsigned long long value)
 {
-    QStringList bytes;
-    for (int shift = 40; shift >= 0; shift -= 8)
-        bytes << QString::number(value >> shift & 0xFF, 16).rightJustified(2, QLatin1Char('0')).toUpper();
-    edit->setText(bytes.join(QLatin1Char(':')));
+    edit->setText(macText(value));
 }
 
 void SetIpDialog::setMACAddress(qulonglong value)

@@ -13,7 +13,7 @@ class Ui_SetIpDialog;
  * Shows the network adapter's configuration beside the one proposed for the camera, and says whether the two agree.
  *
  * The verdict follows every edit and is advice only: Ok stays enabled. Addresses are numbers as IP4Validator has them,
- * MAC addresses have their six bytes in the low part. A local object of the call that runs it, GUI thread only.
+ * MAC addresses have their six bytes in the low part. Lives for the call that runs it, GUI thread only.
  */
 class SetIpDialog : public QDialog
 {
@@ -32,7 +32,7 @@ public:
     /** The last verdict: the camera's address and mask both suit the adapter. False before the first. */
     bool isConfigurationOk() const { return ipOk && maskOk; }
 
-    /** Shows a MAC address in @p edit: upper-case hexadecimal bytes joined by colons. */
+    /** Shows a MAC address in @p edit, as macText() writes it. */
     void setMACLineEdit(QLineEdit *edit, unsigned long long value);
 
 public Q_SLOTS:

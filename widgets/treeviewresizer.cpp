@@ -47,6 +47,8 @@ bool TreeViewResizer::eventFilter(QObject *watched, QEvent *event)
         return false;
     switch (mouse->type()) {
     case QEvent::MouseMove:
+        // A drag lasts until the release arrives here, whatever the event says of buttons: where another window took the
+        // release, the next click ends it.
         return resizing ? drag(*mouse) : hover(*mouse);
     case QEvent::MouseButtonPress:
         return press(*mouse);
@@ -60,6 +62,7 @@ bool TreeViewResizer::eventFilter(QObject *watched, QEvent *event)
 bool TreeViewResizer::hover(const QMouseEvent &event)
 {
     const bool resizable = ifResizable(event.localPos().toPoint()).isValid();
+    // A cursor of its own, not unset: elsewhere the viewport shows the arrow, whatever its parents show.
     tree->viewport()->setCursor(resizable ? QCursor(Qt::SplitHCursor) : QCursor());
     return false;
 }

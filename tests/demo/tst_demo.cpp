@@ -1,5 +1,6 @@
 // The demo's parts, and the program from outside.
 
+#include "datarow.h"
 #include "testmain.h"
 
 #include "mainwindow.h"
@@ -69,12 +70,6 @@ std::size_t cameraCount()
     return count;
 }
 
-/** How the report on an opened camera ends when its node map could be read. */
-QRegularExpression features()
-{
-    return QRegularExpression(QStringLiteral(": [1-9]\\d* features in [1-9]\\d* categories, \\d+ ms$"));
-}
-
 template<class Widget> Widget *part(const QWidget &parent, const char *name)
 {
     return parent.findChild<Widget *>(QLatin1String(name));
@@ -125,9 +120,8 @@ private Q_SLOTS:
     void modelessSelectorFollowsThePanel();
     void openChosenCamera();
     void list();
-    void screenshots();
-    void refusals_data();
     void refusals();
+    void screenshots();
 
 private:
     MoxCam::DeviceInfo *cameraInfo(const std::string &id) const;
@@ -154,38 +148,34 @@ MoxCam::DeviceInfo *TestDemo::cameraInfo(const std::string &id) const
 
 void TestDemo::options_data()
 {
-    QTest::addColumn<QStringList>("arguments");
-    QTest::addColumn<int>("exitCode"); // -1 to go on
-    QTest::addColumn<QString>("summary"); // of what was read; of the message when it leaves
-
-    const auto row = [](const char *name, const QStringList &arguments, int exitCode, const char *summary) {
-        QTest::newRow(name) << arguments << exitCode << QString::fromLatin1(summary);
+    // The exit code, -1 to go on, and what was read, or the message when it leaves.
+    MoxTest::columns<QByteArray, int, QByteArray>("arguments", "exitCode", "summary");
+    const auto row = [](const char *arguments, int exitCode, const char *summary) {
+        MoxTest::row(*arguments ? arguments : "nothing", arguments, exitCode, summary);
     };
-    const auto words = [](const char *line) { return QString::fromLatin1(line).split(QLatin1Char(' ')); };
-    row("nothing", {}, -1, "world 2");
-    row("real world", words("--world real"), -1, "world 1");
-    row("both worlds, polling", words("--world both --poll"), -1, "world 3 poll");
-    row("select", words("--open select"), -1, "world 2 open 0");
-    row("two descriptions", words("--description a.xml --description b.xml"), -1, "world 2 a.xml b.xml");
-    row("list", words("--list --world=real"), -1, "world 1 list");
-    row("screenshots", words("--screenshots out"), -1, "world 2 into out");
-    row("version", words("--version"), 0, "tst_demo 9.8\n");
-    row("unbuilt family", words("--open tree"), 2, "moxdemo: \"Parameter tree\" is not in this build of the library\n");
-    row("unknown family", words("--open trees"), 1,
-        "moxdemo: no such family: trees (select, tree, config or action)\n");
-    row("unknown world", words("--world flat"), 1, "moxdemo: no such world: flat (simulated, real or both)\n");
-    row("unknown option", words("--pol"), 1, "moxdemo: Unknown option 'pol'.\n");
-    row("argument", words("camera.xml"), 1, "moxdemo: unexpected argument: camera.xml\n");
+    row("", -1, "world 2");
+    row("--world real", -1, "world 1");
+    row("--world both --poll", -1, "world 3 poll");
+    row("--open select", -1, "world 2 open 0");
+    row("--description a.xml --description b.xml", -1, "world 2 a.xml b.xml");
+    row("--list --world=real", -1, "world 1 list");
+    row("--screenshots out", -1, "world 2 into out");
+    row("--version", 0, "tst_demo 9.8\n");
+    row("--open tree", 2, "moxdemo: \"Parameter tree\" is not in this build of the library\n");
+    row("--open trees", 1, "moxdemo: no such family: trees (select, tree, config or action)\n");
+    row("--world flat", 1, "moxdemo: no such world: flat (simulated, real or both)\n");
+    row("--pol", 1, "moxdemo: Unknown option 'pol'.\n");
+    row("camera.xml", 1, "moxdemo: unexpected argument: camera.xml\n");
 }
 
 void TestDemo::options()
 {
-    QFETCH(QStringList, arguments);
+    QFETCH(QByteArray, arguments);
     QFETCH(int, exitCode);
     QCoreApplication::setApplicationName(QStringLiteral("tst_demo"));
     QCoreApplication::setApplicationVersion(QStringLiteral("9.8"));
 
-    const Options read = parseOptions(QStringList(QStringLiteral("moxdemo")) + arguments);
+    const Options read = parseOptions(QString::fromLatin1("moxdemo " + arguments).trimmed().split(QLatin1Char(' ')));
     QCOMPARE(read.exitCode.value_or(-1), exitCode);
     QString summary = read.message;
     if (!read.exitCode) {
@@ -201,7 +191,7 @@ void TestDemo::options()
         if (!read.screenshots.isEmpty())
             summary += QStringLiteral(" into ") + read.screenshots;
     }
-    QTEST(summary, "summary");
+    QTEST(summary.toLatin1(), "summary");
 }
 
 void TestDemo::plugging()
@@ -210,24 +200,24 @@ void TestDemo::plugging()
     int asked = 0;
     connect(&panel, &WorldPanel::worldAsked, this, [&asked] { ++asked; });
     const std::string camera = cameraWith(MoxSim::Reach::Open);
-    QCOMPARE(itemOf(panel, camera)->text(1), QStringLiteral("read and write"));
+    QCOMPARE(itemOf(panel, camera)->text(2), QStringLiteral("read and write"));
 
     itemOf(panel, camera)->setCheckState(0, Qt::Unchecked);
     QVERIFY(!MoxSim::isPlugged(camera));
-    QCOMPARE(itemOf(panel, camera)->text(1), QStringLiteral("not seen"));
+    QCOMPARE(itemOf(panel, camera)->text(2), QStringLiteral("not seen"));
     itemOf(panel, camera)->setCheckState(0, Qt::Checked);
     QVERIFY(MoxSim::isPlugged(camera));
-    QCOMPARE(itemOf(panel, camera)->text(1), QStringLiteral("read and write"));
+    QCOMPARE(itemOf(panel, camera)->text(2), QStringLiteral("read and write"));
 
     const std::size_t interfaces = discover(m_system.get()).size();
     const std::string interface = MoxSim::interfaces().front();
     itemOf(panel, interface)->setCheckState(0, Qt::Unchecked);
     QCOMPARE(discover(m_system.get()).size(), interfaces - 1);
-    QCOMPARE(itemOf(panel, camera)->text(1), QStringLiteral("not seen"));
+    QCOMPARE(itemOf(panel, camera)->text(2), QStringLiteral("not seen"));
     QCOMPARE(itemOf(panel, camera)->checkState(0), Qt::Checked);
     QCOMPARE(asked, 3);
 
-    // What changes the world from elsewhere is seen at the next look, and is no change by the user.
+    // What changes the world from elsewhere is no change by the user.
     MoxSim::setInterfacePlugged(interface, true);
     panel.refresh();
     QCOMPARE(itemOf(panel, interface)->checkState(0), Qt::Checked);
@@ -244,10 +234,15 @@ void TestDemo::cameraSettings()
     QCOMPARE(reach->currentIndex(), 0);
     activate(reach, 1);
     QCOMPARE(MoxSim::reach(camera), MoxSim::Reach::Busy);
-    QCOMPARE(itemOf(panel, camera)->text(1), QStringLiteral("no access"));
+    QCOMPARE(itemOf(panel, camera)->text(2), QStringLiteral("no access"));
+    const auto address = [&](const std::string &id) { return itemOf(panel, id)->text(1); };
+    QCOMPARE(address(camera), QStringLiteral("192.168.10.10"));
     MoxSim::setReach(camera, MoxSim::Reach::WrongSubnet);
     panel.refresh();
     QCOMPARE(reach->currentIndex(), 2);
+    QCOMPARE(address(camera), QStringLiteral("172.16.5.10"));
+    QCOMPARE(address(cameraWith(MoxSim::Reach::Undiscovered)), QStringLiteral("192.168.10.13"));
+    QCOMPARE(address(MoxSim::cameras("Sim::U3V0").front()), QString());
     activate(reach, 0);
 
     auto *userName = part<QLineEdit>(panel, "userName");
@@ -262,8 +257,7 @@ void TestDemo::cameraSettings()
     // Failing and slow accesses belong to the camera and are shown again when it is.
     part<QSpinBox>(panel, "failAccess")->setValue(1);
     part<QSpinBox>(panel, "accessDelay")->setValue(1);
-    const Outcome outcome = openAndDescribe(cameraInfo(camera));
-    QVERIFY2(!outcome.ok, qPrintable(outcome.text));
+    QVERIFY(!openAndDescribe(cameraInfo(camera)).ok);
     choose(panel, cameraWith(MoxSim::Reach::Busy));
     QCOMPARE(part<QSpinBox>(panel, "failAccess")->value(), 0);
     QCOMPARE(userName->text(), QStringLiteral("Conveyor side"));
@@ -318,14 +312,7 @@ void TestDemo::description()
     QVERIFY2(added.ok, qPrintable(added.text));
     QCOMPARE(added.text.toStdString(), MoxSim::cameras(interface).back());
     QCOMPARE(cameraInfo(added.text.toStdString())->GetUserDefinedName(), "North gate");
-    const Outcome opened = openAndDescribe(cameraInfo(added.text.toStdString()));
-    QVERIFY2(opened.ok && features().match(opened.text).hasMatch(), qPrintable(opened.text));
-
-    const std::size_t cameras = cameraCount();
-    const Outcome refused = addDescription(interface, directory.filePath(QStringLiteral("missing.xml")));
-    QVERIFY(!refused.ok);
-    QVERIFY(!refused.text.isEmpty());
-    QCOMPARE(cameraCount(), cameras);
+    QVERIFY(!addDescription(interface, directory.filePath(QStringLiteral("missing.xml"))).ok);
 }
 
 void TestDemo::realWorldOnly()
@@ -418,11 +405,10 @@ void TestDemo::openChosenCamera()
     MoxCam::DeviceInfo *camera = cameraInfo(id);
     window.setChosenCamera(camera);
     window.openChosenCamera();
-    const QString identity = QStringLiteral("%1 %2, serial no. %3: ")
-                                 .arg(QString::fromUtf8(camera->GetVendor()), QString::fromUtf8(camera->GetModel()),
-                                      QString::fromUtf8(camera->GetSerialNumber()));
-    QVERIFY2(lastLog(window, 2).startsWith(identity), qPrintable(lastLog(window, 2)));
-    QVERIFY2(features().match(lastLog(window, 2)).hasMatch(), qPrintable(lastLog(window, 2)));
+    QVERIFY2(lastLog(window, 2).startsWith(QLatin1String("Moxara MX-4K-AB, serial no. 000001: ")),
+             qPrintable(lastLog(window, 2)));
+    QVERIFY(lastLog(window, 2).contains(
+        QRegularExpression(QStringLiteral(": [1-9]\\d* features in [1-9]\\d* categories, \\d+ ms$"))));
 
     MoxSim::setReach(id, MoxSim::Reach::Busy);
     window.setChosenCamera(cameraInfo(id));
@@ -453,52 +439,41 @@ void TestDemo::list()
                  "    no cameras\n"));
 }
 
+void TestDemo::refusals()
+{
+    const Run unbuilt = runDemo({QStringLiteral("--open"), QStringLiteral("config")});
+    QCOMPARE(unbuilt.exitCode, 2);
+    QVERIFY(unbuilt.errors.contains(QLatin1String("moxdemo: \"Camera configuration\" is not in this build")));
+    const Run unread =
+        runDemo({QStringLiteral("--list"), QStringLiteral("--description"), QStringLiteral("/missing.xml")});
+    QCOMPARE(unread.exitCode, 1);
+    QVERIFY(unread.errors.contains(QLatin1String("moxdemo: The description /missing.xml ")));
+    QCOMPARE(unbuilt.output + unread.output, QString());
+}
+
 void TestDemo::screenshots()
 {
     const QTemporaryDir directory;
     const QString out = directory.filePath(QStringLiteral("made/here"));
     const Run run = runDemo({QStringLiteral("--screenshots"), out});
     QCOMPARE(run.exitCode, 0);
-    QStringList files;
-    for (const char *name : {"moxdemo", "selector", "selector-polling", "selector-usb", "selector-busy", "set-ip-ok",
-                             "set-ip-mask", "set-ip-subnet", "set-ip-address", "connect", "selector-empty"})
-        files << QStringLiteral("%1/%2.png").arg(out, QLatin1String(name));
-    QStringList printed = run.output.split(QLatin1Char('\n'));
-    printed.removeAll(QString());
-    printed.removeAll(out + QStringLiteral("/selector-real.png")); // where a camera is connected
-    QCOMPARE(printed, files);
+    QStringList files = run.output.trimmed().split(QLatin1Char('\n'));
+    files.removeAll(out + QStringLiteral("/selector-real.png")); // where a camera is connected
+    QCOMPARE(files.size(), 15);
     for (const QString &file : qAsConst(files)) {
         const QImage image(file);
-        QVERIFY2(image.width() >= 200 && image.height() >= 60, qPrintable(file));
+        QVERIFY2(file.startsWith(out) && image.width() >= 200 && image.height() >= 60, qPrintable(file));
     }
-    QVERIFY(QImage(files.at(1)) != QImage(files.at(2)));
-    QVERIFY(QImage(files.at(1)) != QImage(files.last()));
+    for (const char *other : {"/selector-polling.png", "/selector-usb.png", "/selector-empty.png"})
+        QVERIFY2(QImage(out + QLatin1String("/selector.png")) != QImage(out + QLatin1String(other)), other);
+    QVERIFY(QImage(out + QLatin1String("/selector-stranded.png"))
+            != QImage(out + QLatin1String("/selector-repaired.png")));
+    // The address that they connect to is not left behind in the user's settings.
+    QVERIFY(!QFile::exists(qEnvironmentVariable("XDG_CONFIG_HOME") + QStringLiteral("/Moxara/MoxCameraGuiApi.conf")));
 
     QFile blocker(directory.filePath(QStringLiteral("file")));
     QVERIFY(blocker.open(QIODevice::WriteOnly));
     QCOMPARE(runDemo({QStringLiteral("--screenshots"), blocker.fileName()}).exitCode, 1);
-}
-
-void TestDemo::refusals_data()
-{
-    QTest::addColumn<QStringList>("arguments");
-    QTest::addColumn<int>("exitCode");
-    QTest::addColumn<QString>("errors");
-    QTest::newRow("unbuilt family") << QStringList{QStringLiteral("--open"), QStringLiteral("config")} << 2
-                                    << QStringLiteral("moxdemo: \"Camera configuration\" is not in this build");
-    QTest::newRow("unusable description")
-        << QStringList{QStringLiteral("--list"), QStringLiteral("--description"), QStringLiteral("/missing.xml")} << 1
-        << QStringLiteral("moxdemo: The description /missing.xml ");
-}
-
-void TestDemo::refusals()
-{
-    QFETCH(QStringList, arguments);
-    QFETCH(QString, errors);
-    const Run run = runDemo(arguments);
-    QTEST(run.exitCode, "exitCode");
-    QVERIFY2(run.errors.contains(errors), qPrintable(run.errors));
-    QCOMPARE(run.output, QString());
 }
 
 MOX_TEST_MAIN(TestDemo)

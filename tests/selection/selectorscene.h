@@ -1,4 +1,4 @@
-// A selector over a network adapter with cameras g1 and g2, and a USB host with u1 and u2.
+// A selector over a network adapter G with cameras g1 and g2, and a USB host U with u1 and u2.
 #ifndef MOX_SELECTORSCENE_H
 #define MOX_SELECTORSCENE_H
 
@@ -7,7 +7,9 @@
 #include "fakesdk.h"
 #include "moxcameraselectordialog.h"
 #include "moxcameraselectordialog_p.h"
+#include "outline.h"
 
+#include <QCoreApplication>
 #include <QDialogButtonBox>
 #include <QPushButton>
 #include <QStandardItemModel>
@@ -33,7 +35,8 @@ template struct Reach<&MoxGui::MoxCameraSelectorDialog::d>;
 
 struct Scene
 {
-    Scene()
+    explicit Scene(bool poll = false)
+        : dialog(std::make_unique<MoxGui::MoxCameraSelectorDialog>(&system, nullptr, poll))
     {
         gigeParams.numbers = {{"DeviceSelector", {0}},
                               {"GevInterfaceMACAddress", {0x001A2B3C4D5E}},
@@ -57,10 +60,10 @@ struct Scene
     FakeDeviceInfo *g2 = gige->add("g2");
     FakeDeviceInfo *u1 = usb->add("u1");
     FakeDeviceInfo *u2 = usb->add("u2");
-    std::unique_ptr<MoxGui::MoxCameraSelectorDialog> dialog =
-        std::make_unique<MoxGui::MoxCameraSelectorDialog>(&system, nullptr, false);
+    std::unique_ptr<MoxGui::MoxCameraSelectorDialog> dialog;
 
     MoxGui::MoxCameraSelectorDialogPrivate *d = privateOf(*dialog);
+    DeviceTreeModel *model = d->model;
     QTreeView *tree = dialog->findChild<QTreeView *>("cameraTreeView"_s);
     QTreeView *interfacePanel = dialog->findChild<QTreeView *>("interfaceInfoTreeView"_s);
     QTreeView *devicePanel = dialog->findChild<QTreeView *>("deviceInfoTreeView"_s);
@@ -68,7 +71,30 @@ struct Scene
     QPushButton *ok = dialog->findChild<QDialogButtonBox *>()->button(QDialogButtonBox::Ok);
 
     /** Makes an item current by its identifier; nothing, when there is no such item. */
-    void select(const QString &id) const { tree->setCurrentIndex(d->model->getItemIdx(id)); }
+    void select(const QString &id) const { tree->setCurrentIndex(model->getItemIdx(id)); }
+    QString current() const { return model->getItemID(tree->currentIndex()); }
+    /** What the poll thread does in one period. */
+    void find() const
+    {
+        if (model->checkNew()) {
+            d->changed = true;
+            Q_EMIT d->forwarder.systemChanged();
+        }
+    }
+    /** The same, and what the GUI thread makes of it. */
+    void poll() const
+    {
+        find();
+        QCoreApplication::processEvents();
+    }
+    bool allExpanded() const
+    {
+        for (int row = 0; row < model->rowCount(); ++row) {
+            if (!tree->isExpanded(model->index(row, 0)))
+                return false;
+        }
+        return outline(*model) == system.outline();
+    }
 
     /** A panel's rows, caption and value. */
     static QStringList texts(const QTreeView *panel)

@@ -8,6 +8,8 @@ using Change = std::function<void(Scene &)>;
 using Rows = QList<int>;
 Q_DECLARE_METATYPE(Change)
 
+constexpr int noBracket = -1; // the bracket behind the interface's type
+
 class TestInfoPanels : public QObject
 {
     Q_OBJECT
@@ -16,60 +18,51 @@ private Q_SLOTS:
     void gigEVision_data()
     {
         QTest::addColumn<Change>("change");
-        QTest::addColumn<Rows>("deviceRows"); // that are missing, the last one first
-        QTest::addColumn<Rows>("interfaceRows");
-        QTest::addColumn<bool>("transport");
-        const auto row = [](const char *name, Change change, Rows device, Rows interface, bool transport = true) {
-            QTest::newRow(name) << change << device << interface << transport;
+        QTest::addColumn<Rows>("missing"); // of the two panels' rows one after the other, the last one first
+        const auto row = [](const char *name, const Change &change, const Rows &missing) {
+            QTest::newRow(name) << change << missing;
         };
-        const auto refused = [&](const char *name, Rows device, Rows interface, bool transport = true) {
+        const auto refused = [&](const char *name, const Rows &missing) {
             row(
-                name, [name](Scene &s) { s.gigeParams.refused = name; }, device, interface, transport);
+                name, [name](Scene &s) { s.gigeParams.refused = name; }, missing);
         };
-        row("everything", [](Scene &) {}, {}, {});
-        refused("GevDeviceMACAddress", {7}, {});
-        refused("GevInterfaceMACAddress", {}, {3});
-        refused("GevInterfaceSubnetIPAddress", {}, {4});
-        refused("GevInterfaceSubnetMask", {}, {5});
-        refused("GevInterfaceTransport", {}, {}, false);
-        refused("DeviceSelector", {10, 9, 8, 7}, {});
-        row("IP address", [](Scene &s) { s.g2->refusedAddress = &s.g2->ipAddress; }, {8}, {});
-        row("netmask", [](Scene &s) { s.g2->refusedAddress = &s.g2->netmask; }, {9}, {});
-        row("gateway", [](Scene &s) { s.g2->refusedAddress = &s.g2->gateway; }, {10}, {});
+        row("everything", [](Scene &) {}, {});
+        refused("GevDeviceMACAddress", {7});
+        refused("GevInterfaceMACAddress", {14});
+        refused("GevInterfaceSubnetIPAddress", {15});
+        refused("GevInterfaceSubnetMask", {16});
+        refused("GevInterfaceTransport", {noBracket});
+        refused("DeviceSelector", {10, 9, 8, 7});
+        row("IP address", [](Scene &s) { s.g2->refusedAddress = &s.g2->ipAddress; }, {8});
+        row("netmask", [](Scene &s) { s.g2->refusedAddress = &s.g2->netmask; }, {9});
+        row("gateway", [](Scene &s) { s.g2->refusedAddress = &s.g2->gateway; }, {10});
+        const Rows network{noBracket, 16, 15, 14, 10, 9, 8, 7};
         row(
-            "parameters", [](Scene &s) { s.gige->parametersError = -1; }, {10, 9, 8, 7}, {5, 4, 3}, false);
+            "parameters", [](Scene &s) { s.gige->parametersError = -1; }, network);
         row(
-            "null parameters", [](Scene &s) { s.gige->parameters = nullptr; }, {10, 9, 8, 7}, {5, 4, 3}, false);
+            "null parameters", [](Scene &s) { s.gige->parameters = nullptr; }, network);
     }
 
     void gigEVision()
     {
-        QStringList device =
+        QStringList rows =
             "Display name: Camera|Vendor: Maker|Model: |Serial number: 0001|Version: 1.0|"
             "User name: Küche|Access status: ReadWrite|MAC Address: 0A:00:00:00:00:FF|"
-            "IP Address: 192.168.1.10|Netmask: 255.255.255.0|Gateway: 0.0.0.0"_s.split(QLatin1Char('|'));
-        QStringList adapter =
+            "IP Address: 192.168.1.10|Netmask: 255.255.255.0|Gateway: 0.0.0.0|"
             "Description: Adapter|Type: GigE Vision [Socket]|Version: 2.0|"
             "MAC Address: 00:1A:2B:3C:4D:5E|IP Address: 192.168.1.128|Netmask: 255.255.255.0"_s.split(QLatin1Char('|'));
         QFETCH(Change, change);
-        QFETCH(Rows, deviceRows);
-        QFETCH(Rows, interfaceRows);
-        QFETCH(bool, transport);
-        for (int row : deviceRows)
-            device.removeAt(row);
-        for (int row : interfaceRows)
-            adapter.removeAt(row);
-        if (!transport)
-            adapter[1] = "Type: GigE Vision"_s;
+        QFETCH(Rows, missing);
+        for (int row : missing)
+            row == noBracket ? static_cast<void>(rows[12] = "Type: GigE Vision"_s) : rows.removeAt(row);
 
         Scene scene;
         scene.g2->userName = "Küche";
         scene.g2->modelName = std::nullopt;
         change(scene);
         scene.select("g2"_s);
-        QCOMPARE(Scene::texts(scene.devicePanel), device);
-        QCOMPARE(Scene::texts(scene.interfacePanel), adapter);
-        if (deviceRows.isEmpty())
+        QCOMPARE(Scene::texts(scene.devicePanel) + Scene::texts(scene.interfacePanel), rows);
+        if (missing.isEmpty())
             QCOMPARE(scene.gigeParams.calls.join(QLatin1Char(' ')),
                      "DeviceSelector=1 GevDeviceMACAddress GevInterfaceTransport GevInterfaceMACAddress "
                      "GevInterfaceSubnetIPAddress GevInterfaceSubnetMask"_s);

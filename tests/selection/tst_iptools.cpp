@@ -1,13 +1,9 @@
+#include "modaluser.h"
 #include "selectorscene.h"
 #include "testmain.h"
 
 #include <QLabel>
-#include <QLineEdit>
-#include <QMenu>
-#include <QMessageBox>
-#include <QSettings>
-#include <QTemporaryDir>
-#include <QTimer>
+#include <QSignalSpy>
 
 using namespace MoxTest;
 using Change = std::function<void(Scene &)>;
@@ -17,65 +13,20 @@ Q_DECLARE_METATYPE(Addresses)
 
 namespace {
 
-const QString noIp = "Set IP Address|Can't set IP address|Ok"_s;
-const QString noCamera = "Connect by IP Address|Can't connect by IP address|Ok"_s;
+const QString noIp = "Set IP Address|Can't set IP address|OK"_s;
+const QString noCamera = "Connect by IP Address|Can't connect by IP address|OK"_s;
 const QString warning = "IP Configuration Warning|Specified IP Configuraion is not correct, camera may become "
-                        "undiscoverable\nPress OK to skip the IP Configuration, or press Ignore to confirm|Ok Ignore"_s;
+                        "undiscoverable\nPress OK to skip the IP Configuration, or press Ignore to confirm|OK|Ignore"_s;
 
-/**
- * Answers the modal windows and menus that open one after the other. An answer is "field=text button", either part of
- * it alone, or nothing to close the window without a button. Keeps what the windows said.
- */
-class User
+QString stored()
 {
-public:
-    explicit User(const QString &script) : answers(script.split(QLatin1Char(';'), Qt::SkipEmptyParts))
-    {
-        QObject::connect(&timer, &QTimer::timeout, &timer, [this] { look(); });
-        timer.start(0);
-    }
+    return QSettings("Moxara"_s, "MoxCameraGuiApi"_s).value("CameraSelector/IPAddress"_s).toString();
+}
 
-    QStringList answers; // not given yet
-    QStringList seen;
-    std::function<void(QWidget *window)> before = [](QWidget *) {};
-
-private:
-    void look()
-    {
-        QWidget *window = QApplication::activePopupWidget();
-        if (!window)
-            window = QApplication::activeModalWidget();
-        if (!window || !window->isVisible() || window->inherits("MoxGui::MoxCameraSelectorDialog"))
-            return;
-        auto *dialog = qobject_cast<QDialog *>(window);
-        if (const auto *menu = qobject_cast<QMenu *>(window)) {
-            seen << menu->actions().first()->text();
-        } else if (const auto *box = qobject_cast<QMessageBox *>(window)) {
-            QCOMPARE(box->icon(), QMessageBox::Critical);
-            seen << box->windowTitle() + QLatin1Char('|') + box->text() + "|Ok"_s
-                    + (box->standardButtons() == QMessageBox::Ok ? QString() : " Ignore"_s);
-        } else {
-            seen << window->windowTitle();
-        }
-        before(window);
-        const QStringList answer = answers.isEmpty() ? QStringList() : answers.takeFirst().split(QLatin1Char(' '));
-        for (const QString &part : answer) {
-            if (part.contains(QLatin1Char('='))) {
-                auto *edit = window->findChild<QLineEdit *>(part.section(QLatin1Char('='), 0, 0) + "LineEdit"_s);
-                edit->selectAll();
-                QTest::keyClicks(edit, part.section(QLatin1Char('='), 1));
-            } else if (!part.isEmpty()) {
-                for (QPushButton *button : window->findChildren<QPushButton *>()) {
-                    if (button->text().remove(QLatin1Char('&')) == part)
-                        return button->click();
-                }
-            }
-        }
-        dialog ? dialog->done(QDialog::Rejected) : static_cast<void>(window->close());
-    }
-
-    QTimer timer;
-};
+bool waiting()
+{
+    return QGuiApplication::overrideCursor() && QGuiApplication::overrideCursor()->shape() == Qt::WaitCursor;
+}
 
 } // namespace
 
@@ -83,23 +34,8 @@ class TestIpTools : public QObject
 {
     Q_OBJECT
 
-private:
-    QTemporaryDir home;
-
-    static QString stored()
-    {
-        return QSettings("Moxara"_s, "MoxCameraGuiApi"_s).value("CameraSelector/IPAddress"_s).toString();
-    }
-
 private Q_SLOTS:
-    // Nobody's own settings are touched.
-    void init()
-    {
-        QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, home.path());
-        QSettings settings("Moxara"_s, "MoxCameraGuiApi"_s);
-        QCOMPARE(settings.fileName(), home.filePath("Moxara/MoxCameraGuiApi.conf"_s));
-        settings.clear();
-    }
+    void init() { QSettings("Moxara"_s, "MoxCameraGuiApi"_s).clear(); }
 
     void forceIp_data()
     {
@@ -110,7 +46,7 @@ private Q_SLOTS:
         const QStringList dialog = {"Set IP Address"_s};
         const QStringList warned = dialog + QStringList{warning};
         const auto row = [](const QString &name, const Change &change, const char *script, const QStringList &windows,
-                            Addresses forced = {}) {
+                            const Addresses &forced = {}) {
             QTest::newRow(qPrintable(name)) << change << QString::fromLatin1(script) << windows << forced;
         };
         const auto fails = [&](const QString &name, const Change &change) { row(name, change, "OK", {noIp}); };
@@ -120,12 +56,10 @@ private Q_SLOTS:
         fails("no parameters"_s, [](Scene &s) { s.gige->parametersError = -1; });
         fails("null parameters"_s, [](Scene &s) { s.gige->parameters = nullptr; });
         fails("camera not selected"_s, [](Scene &s) { s.gigeParams.refused = "DeviceSelector"; });
-        for (int read = 1; read <= 7; ++read)
-            fails("read %1"_s.arg(read), [read](Scene &s) {
-                s.gigeParams.failingRead = 4 + read; // four filled the panels
-            });
-        row("camera refuses"_s, [](Scene &s) { s.g1->forceIpResult = -1; }, "OK;OK", dialog + QStringList{noIp},
-            {0xC0A80181, 0xFFFFFF00, 0});
+        for (int read = 1; read <= 7; ++read) // after the four that filled the panels
+            fails("read %1"_s.arg(read), [read](Scene &s) { s.gigeParams.failingRead = 4 + read; });
+        const Change refuses = [](Scene &s) { s.g1->forceIpResult = -1; };
+        row("camera refuses"_s, refuses, "OK;OK", dialog + QStringList{noIp}, {0xC0A80181, 0xFFFFFF00, 0});
         const std::pair<unsigned, unsigned> proposals[] = {{0, 1},     {1, 2},     {127, 128}, {128, 129},
                                                            {129, 128}, {130, 129}, {254, 253}, {255, 254}};
         for (const auto &[adapter, camera] : proposals) {
@@ -134,18 +68,14 @@ private Q_SLOTS:
                 [address](Scene &s) { s.gigeParams.numbers["GevInterfaceSubnetIPAddress"] = {address}; }, "OK", dialog,
                 {0xC0A80100 + camera, 0xFFFFFF00, 0});
         }
-        const auto answers = [&](const char *name, const char *script, const QStringList &windows,
-                                 const Addresses &forced = {}) {
-            row(
-                QString::fromLatin1(name), [](Scene &) {}, script, windows, forced);
-        };
-        answers("cancel", "Cancel", dialog);
-        answers("cancel a wrong one", "ipAddress=10.0.0.1 Cancel", dialog);
-        answers("OK abandons", "ipAddress=10.0.0.1 OK;OK", warned);
-        answers("Ignore confirms", "ipAddress=10.0.0.1 OK;Ignore", warned, {0x0A000001, 0xFFFFFF00, 0});
-        answers("no answer confirms nothing", "ipAddress=10.0.0.1 OK; ", warned);
-        answers("mask", "subnetMask=255.255.0.0 OK;Ignore", warned, {0xC0A80181, 0xFFFF0000, 0});
-        answers("any gateway", "defaultGateway=8.8.8.8 OK", dialog, {0xC0A80181, 0xFFFFFF00, 0x08080808});
+        const Change none = [](Scene &) {};
+        row("cancel"_s, none, "Cancel", dialog);
+        row("cancel a wrong one"_s, none, "ipAddress=10.0.0.1 Cancel", dialog);
+        row("OK abandons"_s, none, "ipAddress=10.0.0.1 OK;OK", warned);
+        row("Ignore confirms"_s, none, "ipAddress=10.0.0.1 OK;Ignore", warned, {0x0A000001, 0xFFFFFF00, 0});
+        row("no answer confirms nothing"_s, none, "ipAddress=10.0.0.1 OK; ", warned);
+        row("mask"_s, none, "subnetMask=255.255.0.0 OK;Ignore", warned, {0xC0A80181, 0xFFFF0000, 0});
+        row("any gateway"_s, none, "defaultGateway=8.8.8.8 OK", dialog, {0xC0A80181, 0xFFFFFF00, 0x08080808});
     }
 
     void forceIp()
@@ -155,12 +85,15 @@ private Q_SLOTS:
         QFETCH(Change, change);
         QFETCH(QString, script);
         change(scene);
-        User user(script);
+        bool waited = true;
+        scene.g1->atForceIp = [&] { waited = waiting(); };
+        ModalUser user(script);
         scene.d->deviceMenu->actions().first()->trigger();
         QTEST(user.seen, "windows");
         QVERIFY(user.answers.isEmpty());
         QTEST(scene.g1->forcedAddresses, "forced");
         QVERIFY(scene.dialog->isVisible());
+        QVERIFY(waited && !QGuiApplication::overrideCursor());
     }
 
     void forceIpFromStartToEnd()
@@ -168,7 +101,7 @@ private Q_SLOTS:
         Scene scene;
         scene.select("g2"_s);
         scene.gigeParams.calls.clear();
-        User user("OK"_s);
+        ModalUser user("OK"_s);
         user.before = [&](QWidget *window) {
             QStringList texts;
             for (const char *name :
@@ -191,18 +124,17 @@ private Q_SLOTS:
         QVERIFY(scene.ok->isEnabled()); // whatever the status reads now
     }
 
-    // The poll thread's find is shown while the dialog is open: the tree is a new one then.
+    // What the poll thread finds is shown while a dialog is open: the tree is a new one then.
     void treeRebuiltMeanwhile()
     {
         for (const bool gone : {false, true}) {
-            Scene scene;
+            Scene scene(true);
             scene.select("g2"_s);
-            User user("OK"_s);
+            QSignalSpy reset(scene.model, &QAbstractItemModel::modelReset);
+            ModalUser user("OK"_s);
             user.before = [&](QWidget *) {
                 scene.gige->unplug(gone ? scene.g2 : scene.g1);
-                QVERIFY(scene.d->model->checkNew());
-                scene.d->changed = true;
-                scene.d->forwarder.onSystemChanged();
+                QTRY_COMPARE(reset.count(), 1);
                 scene.g2->userName = "moved";
             };
             scene.setIp->click();
@@ -211,6 +143,60 @@ private Q_SLOTS:
             QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
             QCOMPARE(Scene::texts(scene.devicePanel).value(5), gone ? QString() : "User name: moved"_s);
             QCOMPARE(Scene::texts(scene.interfacePanel).value(0), "Description: Adapter"_s);
+        }
+        Scene scene(true);
+        scene.select("G"_s);
+        scene.gige->answersByIp = scene.g2;
+        QSignalSpy reset(scene.model, &QAbstractItemModel::modelReset);
+        ModalUser user("ipAddress=10.0.0.9 OK"_s);
+        user.before = [&](QWidget *) {
+            scene.system.unplug(scene.gige);
+            QTRY_COMPARE(reset.count(), 1);
+        };
+        scene.d->interfaceMenu->actions().first()->trigger();
+        QCOMPARE(scene.gige->askedIp, "10.0.0.9");
+        QCOMPARE(scene.dialog->selectedCamera(), scene.g2);
+        QCOMPARE(scene.dialog->result(), int(QDialog::Accepted));
+    }
+
+    void selectorDeletedMeanwhile_data()
+    {
+        QTest::addColumn<QString>("item");
+        QTest::addColumn<QString>("script"); // the selector goes with the last window
+        QTest::newRow("Set IP dialog") << "g1"
+                                       << "OK";
+        QTest::newRow("warning") << "g1"
+                                 << "ipAddress=10.0.0.1 OK;Ignore";
+        QTest::newRow("refusal") << "g1"
+                                 << "OK;OK";
+        QTest::newRow("Connect dialog") << "G"
+                                        << "OK";
+        QTest::newRow("no camera") << "G"
+                                   << "OK;OK";
+    }
+
+    void selectorDeletedMeanwhile()
+    {
+        QFETCH(QString, item);
+        QFETCH(QString, script);
+        for (const bool fromMenu : {false, true}) {
+            Scene scene;
+            scene.select(item);
+            scene.g1->forceIpResult = -1;
+            ModalUser user(fromMenu ? "first;"_s + script : script);
+            user.before = [&](QWidget *) {
+                if (user.answers.size() == 1)
+                    scene.dialog.reset();
+            };
+            if (fromMenu)
+                openMenu(scene, scene.tree->visualRect(scene.tree->currentIndex()).center());
+            else if (item == "G"_s)
+                scene.d->interfaceMenu->actions().first()->trigger();
+            else
+                scene.setIp->click();
+            QVERIFY(!scene.dialog);
+            QCOMPARE(user.answers.size(), 1);
+            QVERIFY(scene.g1->forcedAddresses.size() == (script == "OK;OK"_s && item == "g1"_s ? 3u : 0u));
         }
     }
 
@@ -222,7 +208,7 @@ private Q_SLOTS:
             scene.dialog->show();
             scene.select(QString::fromLatin1(id));
             scene.gige->askedIp = "unasked";
-            User user(QString::fromLatin1(script));
+            ModalUser user(QString::fromLatin1(script));
             QString offered;
             user.before = [&](QWidget *window) {
                 if (const auto *edit = window->findChild<QLineEdit *>())
@@ -241,9 +227,14 @@ private Q_SLOTS:
 
         scene.gige->answersByIp = scene.g2;
         QString storedBefore;
-        scene.gige->atConnect = [&] { storedBefore = stored(); };
+        bool waited = false;
+        scene.gige->atConnect = [&] {
+            storedBefore = stored();
+            waited = waiting();
+        };
         QCOMPARE(run("G", "ipAddress=10.0.0.9 OK", dialog), ", asked 10.0.0.9, stored 10.0.0.9"_s);
         QCOMPARE(storedBefore, "10.0.0.9"_s);
+        QVERIFY(waited && !QGuiApplication::overrideCursor());
         QVERIFY(!scene.dialog->isVisible());
         QCOMPARE(scene.dialog->result(), int(QDialog::Accepted));
         scene.select("g1"_s);
@@ -252,7 +243,7 @@ private Q_SLOTS:
         QCOMPARE(run("G", "ipAddress=10.0.0.8 Cancel", dialog), "10.0.0.9, asked unasked, stored 10.0.0.9"_s);
         QCOMPARE(scene.dialog->selectedCamera(), scene.g2);
         scene.gige->answersByIp = nullptr;
-        QCOMPARE(run("G", "ipAddress=10.0.0.7 OK;OK", failed), "10.0.0.9, asked 10.0.0.7, stored 10.0.0.7"_s);
+        QCOMPARE(run("G", "ipAddress=10.0.0.007 OK;OK", failed), "10.0.0.9, asked 10.0.0.007, stored 10.0.0.007"_s);
         QVERIFY(scene.dialog->isVisible());
         QVERIFY(!scene.dialog->selectedCamera()); // the failed attempt takes back the camera found before
     }
@@ -263,19 +254,26 @@ private Q_SLOTS:
         const std::pair<const char *, QString> table[] = {
             {"G", "Connect by IP Address"_s}, {"g1", "Set IP Address"_s}, {"U", {}}, {"u1", {}}, {"", {}}};
         for (const auto &[id, action] : table) {
-            const QModelIndex index = scene.d->model->getItemIdx(QString::fromLatin1(id));
+            const QModelIndex index = scene.model->getItemIdx(QString::fromLatin1(id));
             const QPoint pos =
                 index.isValid() ? scene.tree->visualRect(index).center() : scene.tree->viewport()->rect().bottomLeft();
-            User user({});
+            ModalUser user({});
             user.before = [&](QWidget *menu) { QCOMPARE(menu->pos(), scene.tree->mapToGlobal(pos)); };
-            for (const char *noise :
-                 {"This plugin does not support raise()", "This plugin does not support grabbing the keyboard"}) {
-                if (!action.isEmpty())
-                    QTest::ignoreMessage(QtWarningMsg, noise);
-            }
-            Q_EMIT scene.tree->customContextMenuRequested(pos);
+            if (action.isEmpty())
+                Q_EMIT scene.tree->customContextMenuRequested(pos);
+            else
+                openMenu(scene, pos);
             QCOMPARE(user.seen.join(QString()), action);
         }
+    }
+
+private:
+    static void openMenu(const Scene &scene, const QPoint &pos)
+    {
+        for (const char *noise :
+             {"This plugin does not support raise()", "This plugin does not support grabbing the keyboard"})
+            QTest::ignoreMessage(QtWarningMsg, noise);
+        Q_EMIT scene.tree->customContextMenuRequested(pos);
     }
 };
 

@@ -1,163 +1,97 @@
 // The address tools from end to end, on the open SDK's simulated cameras.
+#include "modaluser.h"
 #include "testmain.h"
 
 #include <MoxCameraApi/MoxCam.h>
 #include <MoxCameraApi/MoxSimulation.h>
 #include <moxcameraselectordialog.h>
 
-#include <QAction>
 #include <QDialogButtonBox>
-#include <QLineEdit>
-#include <QPushButton>
-#include <QTemporaryDir>
-#include <QTimer>
 #include <QTreeView>
 
-#include <functional>
+#include <algorithm>
+
+struct Release
+{
+    template<class T> void operator()(T *object) const { object->Release(); }
+};
+template<class T> using SdkPointer = std::unique_ptr<T, Release>;
+
+Q_DECLARE_METATYPE(MoxSim::Reach)
 
 class TestRepair : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
-    void cleanup();
-    void wrongSubnet();
-    void undiscovered();
+    void reaches_data()
+    {
+        QTest::addColumn<int>("row"); // in the tree; -1 for the interface
+        QTest::addColumn<MoxSim::Reach>("reach");
+        QTest::addColumn<QString>("action");
+        QTest::newRow("wrong subnet") << 2 << MoxSim::Reach::WrongSubnet << QStringLiteral("Set IP Address");
+        QTest::newRow("undiscovered") << -1 << MoxSim::Reach::Undiscovered << QStringLiteral("Connect by IP Address");
+    }
 
-private:
-    MoxCam::System *system = nullptr;
+    // From a camera that cannot be chosen to the opened camera.
+    void reaches()
+    {
+        QFETCH(int, row);
+        QFETCH(MoxSim::Reach, reach);
+        QFETCH(QString, action);
+        MoxSim::resetWorld();
+        MoxSim::setWorlds(MoxSim::SimulatedWorld);
+        const SdkPointer<MoxCam::System> system(MoxCam_GetSystem());
+        const std::vector<std::string> cameras = MoxSim::cameras(MoxSim::interfaces().front());
+        const std::string id = *std::find_if(cameras.begin(), cameras.end(),
+                                             [=](const std::string &camera) { return MoxSim::reach(camera) == reach; });
+        const std::string address = MoxSim::ipAddress(id);
+
+        MoxGui::MoxCameraSelectorDialog selector(system.get(), nullptr, false);
+        auto *tree = selector.findChild<QTreeView *>(QStringLiteral("cameraTreeView"));
+        const QModelIndex adapter = tree->model()->index(0, 0);
+        tree->setCurrentIndex(row < 0 ? adapter : tree->model()->index(row, 0, adapter));
+        auto *ok = selector.findChild<QDialogButtonBox *>(QStringLiteral("buttonBox"))->button(QDialogButtonBox::Ok);
+        QVERIFY(!ok->isEnabled());
+        const auto told = [&](const QString &caption) {
+            const auto *model = selector.findChild<QTreeView *>(QStringLiteral("deviceInfoTreeView"))->model();
+            const QModelIndexList found = model->match(model->index(0, 0), Qt::DisplayRole, caption);
+            return found.value(0).sibling(found.value(0).row(), 1).data().toString();
+        };
+
+        QString typed = QString::fromStdString(address);
+        MoxTest::ModalUser user(QStringLiteral("OK"));
+        user.before = [&](QWidget *window) {
+            auto *edit = window->findChild<QLineEdit *>(QStringLiteral("ipAddressLineEdit"));
+            row < 0 ? edit->setText(typed) : static_cast<void>(typed = edit->text());
+        };
+        if (row >= 0) {
+            QCOMPARE(told(QStringLiteral("Access status")), QStringLiteral("IP Subnet Mismatch"));
+            QCOMPARE(told(QStringLiteral("IP Address")).toStdString(), address);
+            QCOMPARE(MoxCam_CreateDevice(selector.selectedCamera(), 2, 0), nullptr);
+        }
+        const auto actions = selector.findChildren<QAction *>();
+        for (QAction *candidate : actions) {
+            if (candidate->text() == action)
+                candidate->trigger();
+        }
+        QCOMPARE(user.seen, QStringList{action});
+        if (row >= 0) {
+            QCOMPARE(told(QStringLiteral("Access status")), QStringLiteral("ReadWrite"));
+            QCOMPARE(told(QStringLiteral("IP Address")), typed);
+            QCOMPARE(MoxSim::reach(id), MoxSim::Reach::Open);
+            QVERIFY(typed.toStdString() != address);
+            QVERIFY(ok->isEnabled());
+            ok->click();
+        }
+        QCOMPARE(MoxSim::ipAddress(id), typed.toStdString());
+        QCOMPARE(selector.result(), int(QDialog::Accepted));
+        QVERIFY(selector.selectedCamera());
+        QCOMPARE(selector.selectedCamera()->GetID(), id.c_str());
+        const SdkPointer<MoxCam::Device> device(MoxCam_CreateDevice(selector.selectedCamera(), 2, 0));
+        QVERIFY(device);
+    }
 };
-
-namespace {
-
-struct ReleaseDevice
-{
-    void operator()(MoxCam::Device *device) const { device->Release(); }
-};
-
-std::string cameraAt(MoxSim::Reach reach)
-{
-    for (const std::string &camera : MoxSim::cameras(MoxSim::interfaces().front())) {
-        if (MoxSim::reach(camera) == reach)
-            return camera;
-    }
-    return {};
-}
-
-void setCurrent(const QDialog &selector, int row)
-{
-    auto *tree = selector.findChild<QTreeView *>(QStringLiteral("cameraTreeView"));
-    const QModelIndex interface = tree->model()->index(0, 0);
-    tree->setCurrentIndex(row < 0 ? interface : tree->model()->index(row, 0, interface));
-}
-
-/** The value beside a caption of the device panel. */
-QString told(const QDialog &selector, const QString &caption)
-{
-    const auto *model = selector.findChild<QTreeView *>(QStringLiteral("deviceInfoTreeView"))->model();
-    for (int row = 0; row < model->rowCount(); ++row) {
-        if (model->index(row, 0).data().toString() == caption)
-            return model->index(row, 1).data().toString();
-    }
-    return QStringLiteral("no such row");
-}
-
-QPushButton *okButton(const QDialog &selector)
-{
-    return selector.findChild<QDialogButtonBox *>(QStringLiteral("buttonBox"))->button(QDialogButtonBox::Ok);
-}
-
-void inNextDialog(std::function<void(QDialog &)> user)
-{
-    QTimer::singleShot(0, qApp, [user] {
-        auto *dialog = qobject_cast<QDialog *>(QApplication::activeModalWidget());
-        QVERIFY(dialog);
-        user(*dialog);
-    });
-}
-
-} // namespace
-
-void TestRepair::init()
-{
-    MoxSim::resetWorld();
-    MoxSim::setWorlds(MoxSim::SimulatedWorld);
-    system = MoxCam_GetSystem();
-    QVERIFY(system);
-}
-
-void TestRepair::cleanup()
-{
-    system->Release();
-}
-
-void TestRepair::wrongSubnet()
-{
-    const std::string id = cameraAt(MoxSim::Reach::WrongSubnet);
-    MoxGui::MoxCameraSelectorDialog selector(system, nullptr, false);
-    setCurrent(selector, 2);
-    MoxCam::DeviceInfo *camera = selector.selectedCamera();
-    QVERIFY(camera);
-    QCOMPARE(std::string(camera->GetID()), id);
-    QCOMPARE(told(selector, QStringLiteral("Access status")), QStringLiteral("IP Subnet Mismatch"));
-    QVERIFY(!okButton(selector)->isEnabled());
-    QCOMPARE(MoxCam_CreateDevice(camera, 2, 0), nullptr);
-
-    QString address;
-    inNextDialog([&](QDialog &dialog) {
-        address = dialog.findChild<QLineEdit *>(QStringLiteral("ipAddressLineEdit"))->text();
-        dialog.accept();
-    });
-    selector.findChild<QPushButton *>(QStringLiteral("setIpBtn"))->click();
-
-    QCOMPARE(told(selector, QStringLiteral("Access status")), QStringLiteral("ReadWrite"));
-    QCOMPARE(told(selector, QStringLiteral("IP Address")), address);
-    QVERIFY(okButton(selector)->isEnabled());
-    QCOMPARE(MoxSim::reach(id), MoxSim::Reach::Open);
-    okButton(selector)->click();
-    QCOMPARE(selector.result(), int(QDialog::Accepted));
-    QCOMPARE(selector.selectedCamera(), camera);
-    const std::unique_ptr<MoxCam::Device, ReleaseDevice> device(MoxCam_CreateDevice(camera, 2, 0));
-    QVERIFY(device);
-}
-
-void TestRepair::undiscovered()
-{
-    const std::string id = cameraAt(MoxSim::Reach::Undiscovered);
-    MoxGui::MoxCameraSelectorDialog selector(system, nullptr, false);
-    QAbstractButton *rescan = nullptr;
-    const auto buttons = selector.findChild<QDialogButtonBox *>(QStringLiteral("buttonBox"))->buttons();
-    for (QAbstractButton *button : buttons) {
-        if (button->text() == QLatin1String("&Rescan"))
-            rescan = button;
-    }
-    QVERIFY(rescan);
-    MoxSim::setReach(id, MoxSim::Reach::Open);
-    rescan->click();
-    setCurrent(selector, 3);
-    const QString address = QString::fromUtf8(selector.selectedCamera()->GetIPAddress(nullptr));
-    MoxSim::setReach(id, MoxSim::Reach::Undiscovered);
-    rescan->click();
-
-    setCurrent(selector, -1);
-    QCOMPARE(selector.selectedCamera(), nullptr);
-    inNextDialog([&](QDialog &dialog) {
-        dialog.findChild<QLineEdit *>(QStringLiteral("ipAddressLineEdit"))->setText(address);
-        dialog.accept();
-    });
-    const auto actions = selector.findChildren<QAction *>();
-    for (QAction *action : actions) {
-        if (action->text() == QLatin1String("Connect by IP Address"))
-            action->trigger();
-    }
-    MoxCam::DeviceInfo *camera = selector.selectedCamera();
-    QVERIFY(camera);
-    QCOMPARE(std::string(camera->GetID()), id);
-    QCOMPARE(selector.result(), int(QDialog::Accepted));
-    const std::unique_ptr<MoxCam::Device, ReleaseDevice> device(MoxCam_CreateDevice(camera, 2, 0));
-    QVERIFY(device);
-}
 
 MOX_TEST_MAIN(TestRepair)
 #include "tst_repair.moc"

@@ -14,7 +14,7 @@ namespace MoxTest {
 class FakeParams final : public MoxGenParam::Array
 {
 public:
-    /** One value, or one for each value of "DeviceSelector". A name that is not here is unknown. */
+    /** One value, or one for each value of "DeviceSelector", over again beyond the last. A name that is not here is unknown. */
     std::map<std::string, std::vector<std::int64_t>> numbers;
     std::map<std::string, std::string> texts;
     std::string refused; // fails by this name; a read gives its value nevertheless
@@ -34,7 +34,7 @@ public:
         calls << QString::fromLatin1(name);
         const std::vector<std::int64_t> values = numbers.count(name) ? numbers[name] : std::vector<std::int64_t>{0};
         tell(err, ++reads == failingRead ? MoxCamError::GenICamAccess : result(name, numbers.count(name)));
-        return values.size() > 1 ? values.at(std::size_t(numbers["DeviceSelector"].front())) : values.front();
+        return values.at(values.size() > 1 ? std::size_t(numbers["DeviceSelector"].front()) % values.size() : 0);
     }
     const char *GetEnumValueStr(const char *name, MoxCamErr *err) override
     {

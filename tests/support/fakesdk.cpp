@@ -78,6 +78,8 @@ MoxCam::Interface *FakeDeviceInfo::GetInterface()
 MoxCamErr FakeDeviceInfo::ForceIP(std::uint32_t ip, std::uint32_t mask, std::uint32_t gatewayAddress)
 {
     forcedAddresses.insert(forcedAddresses.end(), {ip, mask, gatewayAddress});
+    if (atForceIp)
+        atForceIp();
     return forceIpResult;
 }
 

@@ -64,6 +64,7 @@ public:
     int accessStatus = MoxCam::AccessReadWrite;
     const FakeText *refusedAddress = nullptr; // which of the three address texts cannot be read
     MoxCamErr forceIpResult = 0;
+    std::function<void()> atForceIp; // called in the middle of ForceIP
     std::vector<std::uint32_t> forcedAddresses; // three numbers for each call
 
 private:

@@ -3,6 +3,9 @@
 #define MOX_TESTMAIN_H
 
 #include <QApplication>
+#include <QFile>
+#include <QSettings>
+#include <QTemporaryDir>
 #include <QTest>
 #include <QWidget>
 
@@ -55,6 +58,11 @@ private:
 template<class Test> int run(int argc, char **argv)
 {
     Application app(argc, argv);
+    // Nobody's own settings are read or changed, neither by the test nor by programs that it starts.
+    const QTemporaryDir settings;
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, settings.path());
+    QSettings::setPath(QSettings::NativeFormat, QSettings::SystemScope, settings.filePath(QStringLiteral("system")));
+    qputenv("XDG_CONFIG_HOME", QFile::encodeName(settings.path()));
     int result = 0;
     {
         Test test;

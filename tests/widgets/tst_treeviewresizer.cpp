@@ -16,7 +16,7 @@ private:
     TreeViewResizer *resizer = nullptr;
 
     /** By hand: the global position must not depend on where the window is. */
-    bool send(QEvent::Type type, const QPoint &pos, Qt::MouseButton button = Qt::LeftButton, int globalX = 1000)
+    bool send(QEvent::Type type, const QPointF &pos, Qt::MouseButton button = Qt::LeftButton, double globalX = 1000)
     {
         QMouseEvent event(type, pos, QPointF(globalX, 500), button, button, Qt::NoModifier);
         return resizer->eventFilter(tree->viewport(), &event);
@@ -106,6 +106,48 @@ private Q_SLOTS:
         QVERIFY(right.x() > 200);
         QCOMPARE(resizer->ifResizable(right + QPoint(0, 6)), model->index(1, 0));
         QVERIFY(!resizer->ifResizable(QPoint(99, right.y() + 6)).isValid());
+    }
+
+    // Halves are rounded: outside the zone from 4.5 pixels on, and a width follows whole pixels.
+    void rounding()
+    {
+        for (const bool inside : {false, true}) {
+            tree->viewport()->setCursor(Qt::CrossCursor);
+            send(QEvent::MouseMove, edge() + QPointF(inside ? 4.4 : 4.5, 0), Qt::NoButton);
+            QCOMPARE(tree->viewport()->cursor().shape(), inside ? Qt::SplitHCursor : Qt::ArrowCursor);
+            QCOMPARE(send(QEvent::MouseButtonPress, edge() + QPointF(inside ? 4.4 : 4.5, 0), Qt::LeftButton, 1000.4),
+                     inside);
+        }
+        send(QEvent::MouseMove, {}, Qt::LeftButton, 1000.49);
+        QCOMPARE(tree->columnWidth(0), 100);
+        send(QEvent::MouseMove, {}, Qt::LeftButton, 1000.5);
+        QCOMPARE(tree->columnWidth(0), 101);
+    }
+
+    // The boundary of column 1 moves column 2, and nothing left of it; the cursor is left to the next move.
+    void secondColumn()
+    {
+        QVERIFY(!send(QEvent::MouseMove, edge(1), Qt::NoButton));
+        QVERIFY(send(QEvent::MouseButtonPress, edge(1)));
+        QVERIFY(send(QEvent::MouseMove, {}, Qt::LeftButton, 1020));
+        QCOMPARE(tree->columnWidth(0), 100);
+        QCOMPARE(tree->columnWidth(1), 120);
+        QVERIFY(send(QEvent::MouseButtonRelease, {}));
+        QCOMPARE(tree->viewport()->cursor().shape(), Qt::SplitHCursor);
+        QVERIFY(!send(QEvent::MouseMove, {}, Qt::NoButton));
+        QCOMPARE(tree->viewport()->cursor().shape(), Qt::ArrowCursor);
+    }
+
+    // Another window takes the release: the drag goes on until the next one, whatever the buttons say.
+    void lostRelease()
+    {
+        QVERIFY(send(QEvent::MouseButtonPress, edge()));
+        QVERIFY(send(QEvent::MouseMove, {}, Qt::NoButton, 1010));
+        QCOMPARE(tree->columnWidth(0), 110);
+        QVERIFY(!send(QEvent::MouseButtonPress, edge()));
+        QVERIFY(send(QEvent::MouseButtonRelease, edge()));
+        QVERIFY(!send(QEvent::MouseMove, {}, Qt::NoButton, 1050));
+        QCOMPARE(tree->columnWidth(0), 110);
     }
 
     // The position in the viewport plays no part; the width stops at 10 and grows again from there.
