@@ -13,10 +13,22 @@
 
 #include "moxcameraguiapi_global.h"
 
+namespace GenApi_3_0 {
+struct INodeMap;
+}
+
 namespace MoxCam {
 class DeviceInfo;
 class System;
 } // namespace MoxCam
+
+namespace MoxGenParam {
+class Array;
+}
+
+namespace MoxGui {
+class IMoxGenParamTreeView;
+}
 
 extern "C" {
 
@@ -42,6 +54,32 @@ MOXGUI_EXPORT MoxCam::DeviceInfo *SelectCameraA(MoxCam::System *system, const ch
 /** As SelectCameraA, with a wide title. */
 MOXGUI_EXPORT MoxCam::DeviceInfo *SelectCameraW(MoxCam::System *system, const wchar_t *title, unsigned long parent,
                                                 bool poll);
+
+/**
+ * Opens a parameter tree window over the node map of @p params and returns at once; the window is not modal.
+ *
+ * @p params must not be null. It must outlive the window, or be taken from it before, as MoxGui::IMoxGenParamTreeView in
+ * moxgenparamtreeview.h tells.
+ *
+ * @p parent is the native handle of a widget of this process, which becomes the window's parent. With 0, and with the
+ * handle of anything else, the window has none.
+ *
+ * The window is the caller's, to be ended by DestroyGenParamTreeView(); closing it hides it only. A parent that goes first
+ * takes it along.
+ */
+MOXGUI_EXPORT MoxGui::IMoxGenParamTreeView *CreateGenParamTreeViewForArrayA(MoxGenParam::Array *params,
+                                                                            const char *title, unsigned long parent);
+/** As CreateGenParamTreeViewForArrayA, with a wide title. */
+MOXGUI_EXPORT MoxGui::IMoxGenParamTreeView *CreateGenParamTreeViewForArrayW(MoxGenParam::Array *params,
+                                                                            const wchar_t *title, unsigned long parent);
+/** As CreateGenParamTreeViewForArrayA, over a node map. A null one opens an empty window. */
+MOXGUI_EXPORT MoxGui::IMoxGenParamTreeView *CreateGenParamTreeViewForNodemapA(GenApi_3_0::INodeMap *nodemap,
+                                                                              const char *title, unsigned long parent);
+/** As CreateGenParamTreeViewForNodemapA, with a wide title. */
+MOXGUI_EXPORT MoxGui::IMoxGenParamTreeView *
+CreateGenParamTreeViewForNodemapW(GenApi_3_0::INodeMap *nodemap, const wchar_t *title, unsigned long parent);
+/** Closes and deletes a parameter tree window before it returns. Null does nothing. */
+MOXGUI_EXPORT void DestroyGenParamTreeView(MoxGui::IMoxGenParamTreeView *view);
 }
 
 #endif
