@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QPointer>
 #include <QStyle>
 #include <QStyleOptionSpinBox>
 
@@ -121,8 +122,10 @@ void QtMoxSpinBoxVal64Private::setValue(qlonglong number)
         return;
     value = number;
     pendingValue = number;
+    const QPointer<QtMoxSpinBoxVal64> alive(q_ptr); // a slot may delete the dialog around
     Q_EMIT q_ptr->valueChanged(number);
-    Q_EMIT q_ptr->valueChanged(text);
+    if (alive)
+        Q_EMIT alive->valueChanged(text);
 }
 
 void QtMoxSpinBoxVal64Private::setValue(const QString &text, bool discard)
