@@ -191,3 +191,13 @@ std::string FakeSystem::outline() const
 }
 
 } // namespace MoxTest
+
+MoxCam::System *MoxCam_GetSystem()
+{
+    return MoxTest::FakeSystem::current;
+}
+
+MoxCam::Device *MoxCam_CreateDevice(MoxCam::DeviceInfo *info, int accessMode, int flags)
+{
+    return accessMode == 2 && flags == 0 ? static_cast<MoxTest::FakeDeviceInfo *>(info)->device : nullptr;
+}

@@ -66,6 +66,7 @@ public:
     MoxCamErr forceIpResult = 0;
     std::function<void()> atForceIp; // called in the middle of ForceIP
     std::vector<std::uint32_t> forcedAddresses; // three numbers for each call
+    MoxCam::Device *device = nullptr; // what opening it gives
 
 private:
     const char *addressText(const FakeText &text, MoxCamErr *err) const;
@@ -112,6 +113,9 @@ private:
 class FakeSystem final : public MoxCam::System
 {
 public:
+    /** What MoxCam_GetSystem gives; null at first. */
+    static inline FakeSystem *current = nullptr;
+
     void Release() override { ++releases; }
     MoxCam::InterfaceList *GetInterfaceList(std::uint32_t typeMask) override;
 
