@@ -43,11 +43,23 @@ void collectFeatures(GenApi::INode *node, std::set<GenApi::INode *> &categories,
         collectFeatures(child->GetNode(), categories, features);
 }
 
+/** The first camera found that is as @p wanted says; null without any. */
+template<class Predicate> MoxCam::DeviceInfo *findCamera(MoxCam::System *system, Predicate wanted)
+{
+    for (const FoundInterface &entry : discover(system)) {
+        for (MoxCam::DeviceInfo *camera : entry.cameras) {
+            if (wanted(camera))
+                return camera;
+        }
+    }
+    return nullptr;
+}
+
 QString whyNotOpened(int accessStatus)
 {
     switch (accessStatus) {
     case MoxCam::AccessNoAccess:
-        return QStringLiteral("in use by another host");
+        return QStringLiteral("in use"); // by another host, or by another window here
     case MoxCam::AccessSubnetMismatch:
         return QStringLiteral("outside the adapter's subnet");
     default:
@@ -87,6 +99,16 @@ std::vector<FoundInterface> discover(MoxCam::System *system)
     for (MoxCam::Interface *interface : interfacesOf(system))
         found.push_back({interface, camerasOf(interface, limit)});
     return found;
+}
+
+MoxCam::DeviceInfo *cameraWithStatus(MoxCam::System *system, int accessStatus)
+{
+    return findCamera(system, [=](MoxCam::DeviceInfo *camera) { return camera->GetAccessStatus() == accessStatus; });
+}
+
+MoxCam::DeviceInfo *cameraWithId(MoxCam::System *system, const std::string &id)
+{
+    return findCamera(system, [&](MoxCam::DeviceInfo *camera) { return id == camera->GetID(); });
 }
 
 QString listing(const std::vector<FoundInterface> &found)
@@ -129,21 +151,36 @@ QString describe(MoxCam::DeviceInfo *camera)
              accessText(camera->GetAccessStatus()));
 }
 
-Outcome openAndDescribe(MoxCam::DeviceInfo *camera)
+OpenedCamera openCamera(MoxCam::DeviceInfo *camera)
 {
     constexpr int controlAccess = 2;
     const QString name = QString::fromUtf8(camera->GetDisplayName());
+    OpenedCamera opened;
+    opened.device.reset(MoxCam_CreateDevice(camera, controlAccess, 0));
+    if (!opened.device) {
+        opened.failure = QStringLiteral("%1 cannot be opened: %2").arg(name, whyNotOpened(camera->GetAccessStatus()));
+        return opened;
+    }
+    MoxCamErr error = MoxCamError::Success;
+    MoxGenParam::Array *parameters = opened.device->GetCameraParameters(&error);
+    if (parameters && parameters->GetNodeMap(&error))
+        opened.parameters = parameters;
+    else
+        opened.failure = QStringLiteral("%1 gives no parameters: error %2").arg(name, QString::number(error));
+    return opened;
+}
+
+Outcome openAndDescribe(MoxCam::DeviceInfo *camera)
+{
     QElapsedTimer clock;
     clock.start();
-    const SdkPointer<MoxCam::Device> device(MoxCam_CreateDevice(camera, controlAccess, 0));
-    if (!device)
-        return {false, QStringLiteral("%1 cannot be opened: %2").arg(name, whyNotOpened(camera->GetAccessStatus()))};
+    const OpenedCamera opened = openCamera(camera);
+    MoxGenParam::Array *parameters = opened.parameters;
+    if (!parameters)
+        return {false, opened.failure};
 
+    const QString name = QString::fromUtf8(camera->GetDisplayName());
     MoxCamErr error = MoxCamError::Success;
-    MoxGenParam::Array *parameters = device->GetCameraParameters(&error);
-    GenApi::INodeMap *nodeMap = parameters ? parameters->GetNodeMap(&error) : nullptr;
-    if (!nodeMap)
-        return {false, QStringLiteral("%1 gives no parameters: error %2").arg(name, QString::number(error))};
     const QString vendor = parameter(parameters, "DeviceVendorName", &error);
     const QString model = parameter(parameters, "DeviceModelName", &error);
     const QString serialNumber = parameter(parameters, "DeviceSerialNumber", &error);
@@ -153,7 +190,7 @@ Outcome openAndDescribe(MoxCam::DeviceInfo *camera)
     std::set<GenApi::INode *> categories;
     std::set<GenApi::INode *> features;
     try {
-        if (GenApi::INode *root = nodeMap->GetNode("Root")) {
+        if (GenApi::INode *root = parameters->GetNodeMap(nullptr)->GetNode("Root")) {
             collectFeatures(root, categories, features);
             categories.erase(root); // what stands below it counts; no user sees the root itself
         }

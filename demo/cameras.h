@@ -11,6 +11,10 @@
 #include <string>
 #include <vector>
 
+namespace MoxGenParam {
+class Array;
+}
+
 namespace MoxDemo {
 
 /** Ends the use of an SDK object. */
@@ -43,6 +47,14 @@ template<class Call> Outcome attempt(Call call)
     }
 }
 
+/** An opened camera, or why there is none. */
+struct OpenedCamera
+{
+    SdkPointer<MoxCam::Device> device;
+    MoxGenParam::Array *parameters = nullptr; ///< with a node map; null when the camera could not be opened
+    QString failure;
+};
+
 /** The interfaces that the system shows now. */
 std::vector<MoxCam::Interface *> interfacesOf(MoxCam::System *system);
 
@@ -52,6 +64,10 @@ std::vector<MoxCam::DeviceInfo *> camerasOf(MoxCam::Interface *interface, unsign
 /** Both of the above: everything that the system sees. */
 std::vector<FoundInterface> discover(MoxCam::System *system);
 
+/** The first camera that discovery finds with a code of `MoxCam::AccessStatus`, or with an identifier; null without any. */
+MoxCam::DeviceInfo *cameraWithStatus(MoxCam::System *system, int accessStatus);
+MoxCam::DeviceInfo *cameraWithId(MoxCam::System *system, const std::string &id);
+
 /** The interfaces and cameras as lines of text. */
 QString listing(const std::vector<FoundInterface> &found);
 
@@ -60,6 +76,9 @@ QString accessText(int accessStatus);
 
 /** Name, identifier and access of a camera in one line. */
 QString describe(MoxCam::DeviceInfo *camera);
+
+/** Opens a camera for control. */
+OpenedCamera openCamera(MoxCam::DeviceInfo *camera);
 
 /**
  * Opens a camera, reads who it is, counts the features of its node map, and closes it. The text tells these, or why the

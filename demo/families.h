@@ -6,7 +6,7 @@
 
 namespace MoxDemo {
 
-enum class Family { Select, ParameterTree, Configuration, Action };
+enum class Family { Select, ParameterTree, Configuration, Action, Gallery };
 
 /** One row of the main window's column, and one word of the command line. Texts are plain ASCII. */
 struct FamilyInfo
@@ -15,17 +15,18 @@ struct FamilyInfo
     const char *key; ///< what `--open` calls it
     const char *caption;
     const char *purpose; ///< a second line below the caption
-    const char *function; ///< the exported function that opens it
+    const char *function; ///< the exported function that opens it, or what is shown instead of its name
     bool built; ///< whether this build of the library has it
 };
 
-constexpr std::array<FamilyInfo, 4> families = {{
+constexpr std::array<FamilyInfo, 5> families = {{
     {Family::Select, "select", "Select a camera", "In a modal dialog", "SelectCameraA", true},
     {Family::ParameterTree, "tree", "Parameter tree", "All features, with live values",
-     "CreateGenParamTreeViewForNodemapA", false},
+     "CreateGenParamTreeViewForArrayA", true},
     {Family::Configuration, "config", "Camera configuration", "Frames, trigger, strobe, colour", "ShowCamConfigDialog",
      false},
     {Family::Action, "action", "Action commands", "One event on many cameras", "ActionCameraA", false},
+    {Family::Gallery, "gallery", "Value widgets", "Spin boxes and sliders", "What the dialogs are made of", true},
 }};
 
 } // namespace MoxDemo

@@ -45,6 +45,8 @@ int showMainWindow(MoxCam::System *system, const Options &options)
 {
     QApplication::setWindowIcon(QIcon(QStringLiteral(":/icons/moxicon.ico")));
     MainWindow window(system, options.poll);
+    if (!options.descriptions.isEmpty()) // the last of them is the one to look at
+        window.setChosenCamera(cameraWithId(system, MoxSim::cameras(MoxSim::interfaces().front()).back()));
     window.show();
     if (options.family)
         QTimer::singleShot(0, &window, [&] { window.open(*options.family); });

@@ -1,5 +1,7 @@
 #include "mainwindow.h"
 
+#include "parametertree.h"
+#include "widgetgallery.h"
 #include "worldpanel.h"
 
 #include <MoxCameraApi/MoxSimulation.h>
@@ -56,6 +58,11 @@ MainWindow::MainWindow(MoxCam::System *system, bool poll) : m_system(system)
 
     m_worldPanel = new WorldPanel(system, this);
     connect(m_worldPanel, &WorldPanel::worldAsked, this, &MainWindow::log);
+    connect(m_worldPanel, &WorldPanel::descriptionOpened, this, [this](const QString &id) {
+        // Its interface may be hidden.
+        if (MoxCam::DeviceInfo *camera = cameraWithId(m_system, id.toStdString()))
+            setChosenCamera(camera);
+    });
     auto *scroll = new QScrollArea(this);
     scroll->setFrameShape(QFrame::NoFrame);
     scroll->setWidgetResizable(true);
@@ -199,9 +206,14 @@ void MainWindow::open(Family family)
         selectModally();
         break;
     case Family::ParameterTree:
+        openParameterTree();
+        break;
     case Family::Configuration:
     case Family::Action:
         break; // not built, so their entries are disabled
+    case Family::Gallery:
+        openGallery();
+        break;
     }
 }
 
@@ -232,6 +244,40 @@ void MainWindow::openModelessSelector()
                  result == QDialog::Accepted ? m_selector->selectedCamera() : nullptr);
     });
     m_selector->show();
+}
+
+void MainWindow::openParameterTree()
+{
+    if (!m_chosen)
+        setChosenCamera(cameraWithStatus(m_system, MoxCam::AccessReadWrite));
+    const QString call = QStringLiteral("CreateGenParamTreeViewForArrayA");
+    if (!m_chosen)
+        return log(call, {false, tr("There is no camera that can be opened")});
+    QPointer<ParameterTree> &tree = m_trees[m_chosen];
+    if (tree && tree->isOpen())
+        return tree->raise();
+    delete tree; // one that was just closed still holds the camera
+
+    OpenedCamera opened = openCamera(m_chosen);
+    if (!opened.parameters)
+        return log(call, {false, opened.failure});
+    tree = new ParameterTree(std::move(opened), m_chosen, this);
+    connect(tree, &ParameterTree::closed, this, [this](const QString &state) {
+        log(QStringLiteral("IMoxGenParamTreeView::saveState"), {true, state});
+    });
+    log(call, {true, describe(m_chosen)});
+}
+
+void MainWindow::openGallery()
+{
+    if (m_gallery) {
+        m_gallery->raise();
+        m_gallery->activateWindow();
+        return;
+    }
+    m_gallery = new WidgetGallery(this);
+    m_gallery->setAttribute(Qt::WA_DeleteOnClose);
+    m_gallery->show();
 }
 
 void MainWindow::selected(const QString &call, MoxCam::DeviceInfo *camera)

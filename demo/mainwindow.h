@@ -5,6 +5,7 @@
 #include "cameras.h"
 #include "families.h"
 
+#include <QHash>
 #include <QMainWindow>
 #include <QPointer>
 
@@ -22,12 +23,14 @@ class MoxCameraSelectorDialog;
 
 namespace MoxDemo {
 
+class ParameterTree;
+class WidgetGallery;
 class WorldPanel;
 
 /**
  * One entry for each family of the library, the panel of the simulated world, and a log of what every call returned.
  *
- * It owns the modeless selector, so that both are gone before the system is released.
+ * It owns the modeless selector and the parameter trees, so that all are gone before the system is released.
  */
 class MainWindow : public QMainWindow
 {
@@ -53,11 +56,15 @@ private:
     QWidget *createLog();
     void selectModally();
     void openModelessSelector();
+    void openParameterTree();
+    void openGallery();
     void selected(const QString &call, MoxCam::DeviceInfo *camera);
 
     MoxCam::System *const m_system;
     MoxCam::DeviceInfo *m_chosen = nullptr;
     QPointer<MoxGui::MoxCameraSelectorDialog> m_selector; // the modeless one, while it is open
+    QHash<MoxCam::DeviceInfo *, QPointer<ParameterTree>> m_trees; // one for each camera
+    QPointer<WidgetGallery> m_gallery; // while it is open
 
     WorldPanel *m_worldPanel = nullptr;
     QComboBox *m_worlds = nullptr;

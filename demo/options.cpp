@@ -32,7 +32,8 @@ void parseFamily(Options &options, const QString &key)
     const auto found = std::find_if(families.begin(), families.end(),
                                     [&key](const FamilyInfo &info) { return key == QLatin1String(info.key); });
     if (found == families.end())
-        leave(options, 1, QStringLiteral("moxdemo: no such family: %1 (select, tree, config or action)").arg(key));
+        leave(options, 1,
+              QStringLiteral("moxdemo: no such family: %1 (select, tree, config, action or gallery)").arg(key));
     else if (!found->built)
         leave(options, 2,
               QStringLiteral("moxdemo: \"%1\" is not in this build of the library").arg(QLatin1String(found->caption)));
@@ -45,7 +46,7 @@ void parseFamily(Options &options, const QString &key)
 Options parseOptions(const QStringList &arguments)
 {
     const QCommandLineOption open(QStringLiteral("open"),
-                                  QStringLiteral("Open select, tree, config or action at once."),
+                                  QStringLiteral("Open select, tree, config, action or gallery at once."),
                                   QStringLiteral("family"));
     const QCommandLineOption world(QStringLiteral("world"),
                                    QStringLiteral("Show simulated (the default), real, or both kinds of cameras."),

@@ -1,11 +1,16 @@
 #include "screenshots.h"
 
+#include "album.h"
 #include "cameras.h"
 #include "mainwindow.h"
+#include "treescreenshots.h"
+#include "widgetgallery.h"
 
 #include <MoxCameraApi/MoxSimulation.h>
 #include <moxcameraselectordialog.h>
 
+#include <QAbstractSlider>
+#include <QAbstractSpinBox>
 #include <QAction>
 #include <QApplication>
 #include <QDir>
@@ -27,100 +32,11 @@ namespace {
 
 QtMessageHandler nextHandler = nullptr;
 
-/** Drops what the offscreen platform says of every window with a minimum size. */
+/** Drops what the offscreen platform says of windows with a minimum size, and of pop-ups. */
 void handleMessage(QtMsgType type, const QMessageLogContext &context, const QString &message)
 {
-    if (message != QLatin1String("This plugin does not support propagateSizeHints()"))
+    if (!message.startsWith(QLatin1String("This plugin does not support ")))
         nextHandler(type, context, message);
-}
-
-/** The first camera that is as @p wanted says; null without any. */
-template<class Predicate> MoxCam::DeviceInfo *findCamera(MoxCam::System *system, Predicate wanted)
-{
-    for (const FoundInterface &entry : discover(system)) {
-        for (MoxCam::DeviceInfo *camera : entry.cameras) {
-            if (wanted(camera))
-                return camera;
-        }
-    }
-    return nullptr;
-}
-
-MoxCam::DeviceInfo *cameraWithStatus(MoxCam::System *system, int status)
-{
-    return findCamera(system, [=](MoxCam::DeviceInfo *camera) { return camera->GetAccessStatus() == status; });
-}
-
-MoxCam::DeviceInfo *cameraWithId(MoxCam::System *system, const std::string &id)
-{
-    return findCamera(system, [&](MoxCam::DeviceInfo *camera) { return id == camera->GetID(); });
-}
-
-/** A directory of pictures that remembers whether one is missing. */
-class Album
-{
-public:
-    explicit Album(const QDir &target) : directory(target) { }
-
-    bool isComplete() const { return complete; }
-    /** Fails with what went wrong; the pictures after it are taken all the same. */
-    void fail(const QString &reason)
-    {
-        QTextStream(stderr) << "moxdemo: " << reason << '\n';
-        complete = false;
-    }
-    /** Writes what a window looks like, once its layout has followed its texts. */
-    void save(QWidget &window, const char *name)
-    {
-        QApplication::processEvents();
-        const QString path = directory.filePath(QString::fromLatin1(name));
-        if (window.grab().save(path))
-            QTextStream(stdout) << path << '\n';
-        else
-            fail(QStringLiteral("cannot write %1").arg(path));
-    }
-    /** Writes what a window looks like when it is shown first, without a flash on a real screen. */
-    void render(QWidget &window, const char *name)
-    {
-        window.setAttribute(Qt::WA_DontShowOnScreen);
-        window.show();
-        save(window, name);
-    }
-
-private:
-    const QDir directory;
-    bool complete = true;
-};
-
-/** What to do with a modal dialog: it must have the title, and the action must close it. */
-struct Step
-{
-    const char *title;
-    std::function<void(QDialog &dialog)> act;
-};
-
-/** Walks through the modal dialogs that @p open opens one after the other; one that is not expected is rejected. */
-void walk(Album &album, const std::function<void()> &open, const std::vector<Step> &steps)
-{
-    auto step = steps.begin();
-    QTimer user; // ends here, also when nothing opens
-    QObject::connect(&user, &QTimer::timeout, &user, [&] {
-        auto *dialog = qobject_cast<QDialog *>(QApplication::activeModalWidget());
-        if (!dialog)
-            return;
-        user.stop(); // the step lets events in
-        if (step == steps.end() || dialog->windowTitle() != QLatin1String(step->title)) {
-            album.fail(QStringLiteral("a dialog was not expected: %1").arg(dialog->windowTitle()));
-            dialog->reject();
-        } else {
-            (step++)->act(*dialog);
-        }
-        user.start();
-    });
-    user.start(0);
-    open();
-    for (; step != steps.end(); ++step)
-        album.fail(QStringLiteral("a dialog did not open: %1").arg(QLatin1String(step->title)));
 }
 
 /** Makes the item with that text current in a selector's tree. */
@@ -214,6 +130,22 @@ void renderConnect(Album &album, MoxCam::System *system)
     album.render(window, "connected.png");
 }
 
+/** The value widgets after a step of each. */
+void renderGallery(Album &album)
+{
+    WidgetGallery gallery;
+    gallery.resize(1200, 1000); // more than the offscreen platform's screen has
+    const auto sliders = gallery.findChildren<QAbstractSlider *>();
+    for (QAbstractSlider *slider : sliders)
+        slider->triggerAction(QAbstractSlider::SliderPageStepAdd);
+    const auto spinBoxes = gallery.findChildren<QAbstractSpinBox *>();
+    for (QAbstractSpinBox *spinBox : spinBoxes) {
+        spinBox->stepUp();
+        spinBox->findChild<QLineEdit *>()->deselect();
+    }
+    album.render(gallery, "widget-gallery.png");
+}
+
 /** The main window after an attempt on every camera, the given one last. */
 void renderMainWindow(Album &album, MoxCam::System *system, MoxCam::DeviceInfo *camera)
 {
@@ -258,6 +190,9 @@ bool takeScreenshots(MoxCam::System *system, const QString &directory)
     renderSelector(album, system, cameraWithStatus(system, MoxCam::AccessNoAccess), false, "selector-busy.png");
     renderRepair(album, system);
     renderConnect(album, system);
+
+    renderParameterTree(album, system);
+    renderGallery(album);
 
     MoxSim::clearWorld();
     renderSelector(album, system, nullptr, false, "selector-empty.png");

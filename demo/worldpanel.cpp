@@ -246,10 +246,12 @@ void WorldPanel::openDescription()
         return;
     const Outcome added = addDescription(targetInterface(), file);
     tell(tr("Open %1").arg(file), added);
-    if (added.ok)
-        setCurrent(added.text);
-    else
+    if (!added.ok) {
         QMessageBox::warning(this, tr("Open a description file"), added.text);
+        return;
+    }
+    setCurrent(added.text);
+    Q_EMIT descriptionOpened(added.text);
 }
 
 void WorldPanel::removeCurrent()

@@ -37,6 +37,8 @@ public:
 Q_SIGNALS:
     /** Tells what was asked of the world, and what came of it. */
     void worldAsked(const QString &call, const MoxDemo::Outcome &outcome);
+    /** A description file is plugged in as the camera with that identifier. */
+    void descriptionOpened(const QString &id);
 
 private:
     QWidget *createActions();

@@ -9,7 +9,9 @@
 
 #include <MoxCameraApi/MoxSimulation.h>
 #include <moxcameraselectordialog.h>
+#include <moxgenparamtreeview.h>
 
+#include <QCheckBox>
 #include <QComboBox>
 #include <QDialogButtonBox>
 #include <QFile>
@@ -19,6 +21,7 @@
 #include <QProcess>
 #include <QPushButton>
 #include <QRegularExpression>
+#include <QSignalSpy>
 #include <QSpinBox>
 #include <QTemporaryDir>
 #include <QTimer>
@@ -95,6 +98,23 @@ void activate(QComboBox *box, int row)
     Q_EMIT box->activated(row);
 }
 
+MoxGui::MoxGenParamTreeView *openTree(MainWindow &window)
+{
+    window.open(Family::ParameterTree);
+    const auto views = window.findChildren<MoxGui::MoxGenParamTreeView *>();
+    return views.isEmpty() ? nullptr : views.constLast();
+}
+
+/** The name's cell of a feature or category. */
+QModelIndex cellOf(const MoxGui::MoxGenParamTreeView &view, const char *name)
+{
+    const QAbstractItemModel *model = view.treeView()->model();
+    return model
+        ->match(model->index(0, 0), Qt::DisplayRole, QString::fromLatin1(name), 1,
+                Qt::MatchExactly | Qt::MatchRecursive)
+        .value(0);
+}
+
 QString lastLog(const MainWindow &window, int column)
 {
     const auto *log = part<QTreeWidget>(window, "log");
@@ -119,6 +139,9 @@ private Q_SLOTS:
     void modalSelector();
     void modelessSelectorFollowsThePanel();
     void openChosenCamera();
+    void parameterTree();
+    void parameterTreeOfALostCamera_data();
+    void parameterTreeOfALostCamera();
     void list();
     void refusals();
     void screenshots();
@@ -157,12 +180,14 @@ void TestDemo::options_data()
     row("--world real", -1, "world 1");
     row("--world both --poll", -1, "world 3 poll");
     row("--open select", -1, "world 2 open 0");
+    row("--open gallery", -1, "world 2 open 4");
     row("--description a.xml --description b.xml", -1, "world 2 a.xml b.xml");
     row("--list --world=real", -1, "world 1 list");
     row("--screenshots out", -1, "world 2 into out");
     row("--version", 0, "tst_demo 9.8\n");
-    row("--open tree", 2, "moxdemo: \"Parameter tree\" is not in this build of the library\n");
-    row("--open trees", 1, "moxdemo: no such family: trees (select, tree, config or action)\n");
+    row("--open tree", -1, "world 2 open 1");
+    row("--open action", 2, "moxdemo: \"Action commands\" is not in this build of the library\n");
+    row("--open trees", 1, "moxdemo: no such family: trees (select, tree, config, action or gallery)\n");
     row("--world flat", 1, "moxdemo: no such world: flat (simulated, real or both)\n");
     row("--pol", 1, "moxdemo: Unknown option 'pol'.\n");
     row("camera.xml", 1, "moxdemo: unexpected argument: camera.xml\n");
@@ -414,11 +439,125 @@ void TestDemo::openChosenCamera()
     window.setChosenCamera(cameraInfo(id));
     window.openChosenCamera();
     const QString name = QString::fromUtf8(camera->GetDisplayName());
-    QCOMPARE(lastLog(window, 2), name + QStringLiteral(" cannot be opened: in use by another host"));
+    QCOMPARE(lastLog(window, 2), name + QStringLiteral(" cannot be opened: in use"));
     MoxSim::setPlugged(id, false);
     window.openChosenCamera();
     QVERIFY2(lastLog(window, 2).startsWith(name + QStringLiteral(" cannot be opened: ")),
              qPrintable(lastLog(window, 2)));
+}
+
+void TestDemo::parameterTree()
+{
+    const auto close = [](const MainWindow &window, MoxGui::MoxGenParamTreeView *view) {
+        QPointer<MoxGui::MoxGenParamTreeView> closed = view;
+        view->close();
+        QTRY_VERIFY(!closed);
+        QCOMPARE(lastLog(window, 1), QStringLiteral("IMoxGenParamTreeView::saveState"));
+    };
+    const auto isExpanded = [](const MoxGui::MoxGenParamTreeView *view, const char *category) {
+        return view->treeView()->isExpanded(cellOf(*view, category));
+    };
+    const std::string id = cameraWith(MoxSim::Reach::Open);
+    {
+        MainWindow window(m_system.get(), false);
+        window.show();
+        MoxGui::MoxGenParamTreeView *view = openTree(window);
+        QVERIFY(view && view->isVisible() && !view->isModal() && view->isPollingEnabled());
+        MoxCam::DeviceInfo *camera = cameraInfo(id); // the first that can be opened
+        QCOMPARE(lastLog(window, 1), QStringLiteral("CreateGenParamTreeViewForArrayA"));
+        QCOMPARE(view->windowTitle(), QString::fromUtf8(camera->GetDisplayName()));
+        if (QGuiApplication::platformName() == QLatin1String("offscreen"))
+            QTest::ignoreMessage(QtWarningMsg, "This plugin does not support raise()");
+        QCOMPARE(openTree(window), view);
+        QCOMPARE(window.findChildren<MoxGui::MoxGenParamTreeView *>().size(), 1);
+        QVERIFY(!openAndDescribe(camera).ok);
+
+        part<QLineEdit>(*view, "filterLineEdit")->setText(QStringLiteral("Widt"));
+        QVERIFY(cellOf(*view, "Width").isValid());
+        part<QCheckBox>(*view, "checkBoxWhole")->click();
+        QVERIFY(!cellOf(*view, "Width").isValid());
+        part<QLineEdit>(*view, "filterLineEdit")->clear();
+
+        // Below a category that only the level shows.
+        view->setVisibility(MoxGui::VisibilityGuru);
+        view->treeView()->expand(cellOf(*view, "GigE Vision"));
+        close(window, view);
+        QVERIFY(openAndDescribe(camera).ok);
+
+        // Opened again at once, while the closed window still holds the camera.
+        view = openTree(window);
+        view->treeView()->expand(cellOf(*view, "LUT Control"));
+        view->close();
+        view = openTree(window);
+        QVERIFY(view->isVisible());
+        QCOMPARE(view->visibility(), MoxGui::VisibilityGuru);
+        QVERIFY(isExpanded(view, "GigE Vision") && isExpanded(view, "LUT Control"));
+        view->setVisibility(MoxGui::VisibilityExpert);
+
+        // Another camera has its own.
+        window.setChosenCamera(cameraInfo(MoxSim::cameras("Sim::U3V0").front()));
+        MoxGui::MoxGenParamTreeView *other = openTree(window);
+        QCOMPARE(other->visibility(), MoxGui::VisibilityBasic);
+        QVERIFY(!isExpanded(other, "LUT Control"));
+    } // closes both
+
+    MainWindow window(m_system.get(), false);
+    window.show();
+    MoxGui::MoxGenParamTreeView *view = openTree(window);
+    QCOMPARE(view->visibility(), MoxGui::VisibilityExpert);
+    QVERIFY(isExpanded(view, "LUT Control"));
+    close(window, view);
+
+    MoxSim::clearWorld();
+    window.setChosenCamera(nullptr);
+    QCOMPARE(openTree(window), nullptr);
+    QCOMPARE(lastLog(window, 2), QStringLiteral("There is no camera that can be opened"));
+}
+
+void TestDemo::parameterTreeOfALostCamera_data()
+{
+    MoxTest::columns<bool>("isReset"); // by the panel, or else pulled out
+    MoxTest::row("pulled out", false);
+    MoxTest::row("world reset", true);
+}
+
+void TestDemo::parameterTreeOfALostCamera()
+{
+    QFETCH(bool, isReset);
+    const std::string id = cameraWith(MoxSim::Reach::Open);
+    MainWindow window(m_system.get(), false);
+    window.show();
+    MoxGui::MoxGenParamTreeView *view = openTree(window);
+    QTreeView *tree = view->treeView();
+    tree->expand(cellOf(*view, "Device Control"));
+    const auto value = [&] {
+        const QModelIndex name = cellOf(*view, "Device User ID");
+        return name.sibling(name.row(), 1);
+    };
+    const auto type = [&](const char *text) {
+        tree->setCurrentIndex(value());
+        qobject_cast<QLineEdit *>(tree->indexWidget(value()))->setText(QString::fromLatin1(text));
+    };
+
+    type("Gate 7");
+    if (isReset)
+        part<QPushButton>(window, "resetWorld")->click();
+    else
+        MoxSim::setPlugged(id, false);
+    tree->setCurrentIndex(cellOf(*view, "Device Control")); // leaves the editor, which writes
+    QCOMPARE(value().data().toString(), QStringLiteral("<Value not available>"));
+    QSignalSpy polls(view->findChild<QTimer *>(QString(), Qt::FindDirectChildrenOnly), &QTimer::timeout);
+    view->setPollingTime(10);
+    QTRY_VERIFY(polls.size() > 2);
+
+    if (!isReset) {
+        MoxSim::setPlugged(id, true);
+        type("Gate 8");
+        tree->setCurrentIndex(cellOf(*view, "Device Control"));
+        QCOMPARE(value().data().toString(), QStringLiteral("Gate 8"));
+    }
+    view->close();
+    QTRY_COMPARE(window.findChildren<MoxGui::MoxGenParamTreeView *>().size(), 0);
 }
 
 void TestDemo::list()
@@ -441,9 +580,9 @@ void TestDemo::list()
 
 void TestDemo::refusals()
 {
-    const Run unbuilt = runDemo({QStringLiteral("--open"), QStringLiteral("config")});
+    const Run unbuilt = runDemo({QStringLiteral("--open"), QStringLiteral("action")});
     QCOMPARE(unbuilt.exitCode, 2);
-    QVERIFY(unbuilt.errors.contains(QLatin1String("moxdemo: \"Camera configuration\" is not in this build")));
+    QVERIFY(unbuilt.errors.contains(QLatin1String("moxdemo: \"Action commands\" is not in this build")));
     const Run unread =
         runDemo({QStringLiteral("--list"), QStringLiteral("--description"), QStringLiteral("/missing.xml")});
     QCOMPARE(unread.exitCode, 1);
@@ -459,10 +598,10 @@ void TestDemo::screenshots()
     QCOMPARE(run.exitCode, 0);
     QStringList files = run.output.trimmed().split(QLatin1Char('\n'));
     files.removeAll(out + QStringLiteral("/selector-real.png")); // where a camera is connected
-    QCOMPARE(files.size(), 15);
+    QCOMPARE(files.size(), 29);
     for (const QString &file : qAsConst(files)) {
         const QImage image(file);
-        QVERIFY2(file.startsWith(out) && image.width() >= 200 && image.height() >= 60, qPrintable(file));
+        QVERIFY2(file.startsWith(out) && image.width() >= 200 && image.height() >= 40, qPrintable(file));
     }
     for (const char *other : {"/selector-polling.png", "/selector-usb.png", "/selector-empty.png"})
         QVERIFY2(QImage(out + QLatin1String("/selector.png")) != QImage(out + QLatin1String(other)), other);

@@ -1,0 +1,77 @@
+#include "parametertree.h"
+
+#include <moxcameraguiapi.h>
+#include <moxgenparamtreeview.h>
+
+#include <QSettings>
+#include <QUrl>
+#include <QWidget>
+
+namespace MoxDemo {
+
+namespace {
+
+/** Settings of the demo, apart from what the library keeps. */
+QSettings settings()
+{
+    return {QSettings::NativeFormat, QSettings::UserScope, QStringLiteral("moxdemo")};
+}
+
+/** Cameras of one model have the same features. Slashes of a name would be groups in the settings. */
+QString stateKey(MoxCam::DeviceInfo *camera)
+{
+    const QString model =
+        QString::fromUtf8(camera->GetVendor()) + QLatin1Char(' ') + QString::fromUtf8(camera->GetModel());
+    return QStringLiteral("ParameterTree/") + QString::fromLatin1(QUrl::toPercentEncoding(model));
+}
+
+} // namespace
+
+ParameterTree::ParameterTree(OpenedCamera opened, MoxCam::DeviceInfo *camera, QWidget *window)
+    : QObject(window), m_opened(std::move(opened)), m_stateKey(stateKey(camera))
+{
+    MoxGui::IMoxGenParamTreeView *view =
+        CreateGenParamTreeViewForArrayA(m_opened.parameters, camera->GetDisplayName(), window->winId());
+    view->setParams(m_opened.parameters); // once more: only from then on do the filter's two options count
+    view->enablePolling(true);
+
+    const QByteArray state = settings().value(m_stateKey).toString().toUtf8();
+    // Twice: categories come before the level in the text, so the first time misses those that only the level brings.
+    view->loadState(state.constData());
+    view->loadState(state.constData());
+
+    // Of the interface alone nothing can be heard.
+    m_view = dynamic_cast<MoxGui::MoxGenParamTreeView *>(view);
+    connect(m_view, &QDialog::finished, this, [this] {
+        Q_EMIT closed(saveState());
+        deleteLater(); // the window is still in the middle of it
+    });
+}
+
+ParameterTree::~ParameterTree()
+{
+    if (isOpen())
+        saveState();
+    // At once and not later: it must not outlive the node map.
+    DestroyGenParamTreeView(m_view);
+}
+
+bool ParameterTree::isOpen() const
+{
+    return m_view && m_view->isVisible();
+}
+
+void ParameterTree::raise()
+{
+    m_view->raise();
+    m_view->activateWindow();
+}
+
+QString ParameterTree::saveState()
+{
+    const QString state = QString::fromUtf8(m_view->saveState());
+    settings().setValue(m_stateKey, state);
+    return state;
+}
+
+} // namespace MoxDemo
