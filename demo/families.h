@@ -23,8 +23,7 @@ constexpr std::array<FamilyInfo, 5> families = {{
     {Family::Select, "select", "Select a camera", "In a modal dialog", "SelectCameraA", true},
     {Family::ParameterTree, "tree", "Parameter tree", "All features, with live values",
      "CreateGenParamTreeViewForArrayA", true},
-    {Family::Configuration, "config", "Camera configuration", "Frames, trigger, strobe, colour", "ShowCamConfigDialog",
-     false},
+    {Family::Configuration, "config", "Camera configuration", "Frames, trigger, strobe, colour", "MoxCamConfig", true},
     {Family::Action, "action", "Action commands", "One event on many cameras", "ActionCameraA", false},
     {Family::Gallery, "gallery", "Value widgets", "Spin boxes and sliders", "What the dialogs are made of", true},
 }};

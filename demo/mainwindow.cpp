@@ -5,6 +5,7 @@
 #include "worldpanel.h"
 
 #include <MoxCameraApi/MoxSimulation.h>
+#include <moxcamconfig.h>
 #include <moxcameraguiapi.h>
 #include <moxcameraselectordialog.h>
 
@@ -209,8 +210,10 @@ void MainWindow::open(Family family)
         openParameterTree();
         break;
     case Family::Configuration:
+        openConfiguration();
+        break;
     case Family::Action:
-        break; // not built, so their entries are disabled
+        break; // not built, so its entry is disabled
     case Family::Gallery:
         openGallery();
         break;
@@ -266,6 +269,33 @@ void MainWindow::openParameterTree()
         log(QStringLiteral("IMoxGenParamTreeView::saveState"), {true, state});
     });
     log(call, {true, describe(m_chosen)});
+}
+
+void MainWindow::openConfiguration()
+{
+    const QString call = QStringLiteral("MoxCamConfig");
+    QPointer<MoxGui::MoxCamConfig> &known = m_configurations[m_chosen];
+    if (known && known->isVisible()) {
+        known->raise();
+        known->activateWindow();
+        return;
+    }
+    delete known; // one that was just closed still holds the camera
+
+    OpenedCamera opened;
+    if (m_chosen) {
+        opened = openCamera(m_chosen);
+        if (!opened.device)
+            return log(call, {false, opened.failure});
+    }
+    // Without a device the window lets the user select one first.
+    auto *window = new MoxGui::MoxCamConfig(opened.device.get(), this);
+    window->setAttribute(Qt::WA_DeleteOnClose);
+    if (MoxCam::Device *device = opened.device.release())
+        connect(window, &QObject::destroyed, window, [device] { device->Release(); }); // the window has let go of it
+    m_configurations[m_chosen] = window;
+    window->show();
+    log(call, {true, m_chosen ? describe(m_chosen) : tr("The window's own camera, or none")});
 }
 
 void MainWindow::openGallery()

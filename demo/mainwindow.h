@@ -18,8 +18,9 @@ class QTreeWidget;
 class QVBoxLayout;
 
 namespace MoxGui {
+class MoxCamConfig;
 class MoxCameraSelectorDialog;
-}
+} // namespace MoxGui
 
 namespace MoxDemo {
 
@@ -30,7 +31,7 @@ class WorldPanel;
 /**
  * One entry for each family of the library, the panel of the simulated world, and a log of what every call returned.
  *
- * It owns the modeless selector and the parameter trees, so that all are gone before the system is released.
+ * It owns the windows that it opens, so that all are gone before the system is released.
  */
 class MainWindow : public QMainWindow
 {
@@ -57,6 +58,7 @@ private:
     void selectModally();
     void openModelessSelector();
     void openParameterTree();
+    void openConfiguration();
     void openGallery();
     void selected(const QString &call, MoxCam::DeviceInfo *camera);
 
@@ -64,6 +66,7 @@ private:
     MoxCam::DeviceInfo *m_chosen = nullptr;
     QPointer<MoxGui::MoxCameraSelectorDialog> m_selector; // the modeless one, while it is open
     QHash<MoxCam::DeviceInfo *, QPointer<ParameterTree>> m_trees; // one for each camera
+    QHash<MoxCam::DeviceInfo *, QPointer<MoxGui::MoxCamConfig>> m_configurations; // one for each camera, and for none
     QPointer<WidgetGallery> m_gallery; // while it is open
 
     WorldPanel *m_worldPanel = nullptr;

@@ -2,6 +2,7 @@
 
 #include "album.h"
 #include "cameras.h"
+#include "configscreenshots.h"
 #include "mainwindow.h"
 #include "treescreenshots.h"
 #include "widgetgallery.h"
@@ -192,6 +193,7 @@ bool takeScreenshots(MoxCam::System *system, const QString &directory)
     renderConnect(album, system);
 
     renderParameterTree(album, system);
+    renderConfiguration(album, system);
     renderGallery(album);
 
     MoxSim::clearWorld();

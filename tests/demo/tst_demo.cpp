@@ -8,6 +8,7 @@
 #include "worldpanel.h"
 
 #include <MoxCameraApi/MoxSimulation.h>
+#include <moxcamconfig.h>
 #include <moxcameraselectordialog.h>
 #include <moxgenparamtreeview.h>
 
@@ -142,6 +143,7 @@ private Q_SLOTS:
     void parameterTree();
     void parameterTreeOfALostCamera_data();
     void parameterTreeOfALostCamera();
+    void configuration();
     void list();
     void refusals();
     void screenshots();
@@ -186,6 +188,7 @@ void TestDemo::options_data()
     row("--screenshots out", -1, "world 2 into out");
     row("--version", 0, "tst_demo 9.8\n");
     row("--open tree", -1, "world 2 open 1");
+    row("--open config", -1, "world 2 open 2");
     row("--open action", 2, "moxdemo: \"Action commands\" is not in this build of the library\n");
     row("--open trees", 1, "moxdemo: no such family: trees (select, tree, config, action or gallery)\n");
     row("--world flat", 1, "moxdemo: no such world: flat (simulated, real or both)\n");
@@ -560,6 +563,37 @@ void TestDemo::parameterTreeOfALostCamera()
     QTRY_COMPARE(window.findChildren<MoxGui::MoxGenParamTreeView *>().size(), 0);
 }
 
+void TestDemo::configuration()
+{
+    const std::string id = cameraWith(MoxSim::Reach::Open);
+    MainWindow window(m_system.get(), false);
+    window.show();
+    window.setChosenCamera(cameraInfo(id));
+    const auto configurations = [&] { return window.findChildren<MoxGui::MoxCamConfig *>(); };
+    const auto size = [&] { return part<QLineEdit>(*configurations().constFirst(), "lineEditSizeFrameA")->text(); };
+    window.open(Family::Configuration);
+    QCOMPARE(lastLog(window, 1), QStringLiteral("MoxCamConfig"));
+    QCOMPARE(configurations().size(), 1);
+    const QString live = size();
+    QVERIFY(live.contains(QLatin1Char('x')));
+
+    MoxSim::setPlugged(id, false);
+    QTRY_COMPARE(size(), QString());
+    MoxSim::setPlugged(id, true);
+    QTRY_COMPARE(size(), live);
+    QVERIFY(!openAndDescribe(cameraInfo(id)).ok);
+
+    // Opened again at once, while the closed window still holds the camera.
+    configurations().constFirst()->close();
+    window.open(Family::Configuration);
+    QCOMPARE(configurations().size(), 1);
+    QVERIFY(configurations().constFirst()->isVisible());
+    configurations().constFirst()->close();
+    QTRY_VERIFY(configurations().isEmpty());
+    QVERIFY(openAndDescribe(cameraInfo(id)).ok);
+    window.open(Family::Configuration); // ends with the main window
+}
+
 void TestDemo::list()
 {
     const Run run = runDemo({QStringLiteral("--list")});
@@ -598,7 +632,7 @@ void TestDemo::screenshots()
     QCOMPARE(run.exitCode, 0);
     QStringList files = run.output.trimmed().split(QLatin1Char('\n'));
     files.removeAll(out + QStringLiteral("/selector-real.png")); // where a camera is connected
-    QCOMPARE(files.size(), 29);
+    QCOMPARE(files.size(), 33);
     for (const QString &file : qAsConst(files)) {
         const QImage image(file);
         QVERIFY2(file.startsWith(out) && image.width() >= 200 && image.height() >= 40, qPrintable(file));

@@ -1,0 +1,16 @@
+// Pictures of the camera configuration.
+#ifndef MOXDEMO_CONFIGSCREENSHOTS_H
+#define MOXDEMO_CONFIGSCREENSHOTS_H
+
+#include <MoxCameraApi/MoxCam.h>
+
+namespace MoxDemo {
+
+class Album;
+
+/** Renders the configuration windows of a camera with frames A and B, and of one without. */
+void renderConfiguration(Album &album, MoxCam::System *system);
+
+} // namespace MoxDemo
+
+#endif
