@@ -12,7 +12,7 @@ class QtMoxGainSliderPrivate;
  * A horizontal slider and, right of it, a spin box for the same floating-point number.
  *
  * A drag of the slider is reported once, at its release. The slider comes first in the focus chain and is the focus
- * proxy. The step should suit decimals(): what the spin box rounds away, it does not report. GUI thread only.
+ * proxy. The spin box holds the value, rounded to decimals(); that is what is reported. GUI thread only.
  */
 class QtMoxGainSlider : public ValueControl<QtMoxDoubleSpinBoxVal, QtMoxDoubleSlider, double>
 {

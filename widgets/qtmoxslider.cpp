@@ -33,7 +33,6 @@ public:
     int positionOf(int value) const;
     void setSliderBounds();
     template<class Change> void reconfigure(Change change);
-    void followSlider();
     void onPositionChanged(int position);
     int stepInKeyDirection(int value);
 
@@ -45,7 +44,7 @@ public:
     double log10Coef = 100.0;
     QtMoxSlider::ScaleType scaleType = QtMoxSlider::LinearScale;
     int lastValue = 0; // the value last reported, or carried across a reconfiguration
-    QMetaObject::Connection sliderConnection; // of the slider's position to onPositionChanged()
+    bool isStepping = false; // in stepInKeyDirection(), which reports by itself
     KeyDirection keyDirection = NoDirection; // of the last key press; a mouse drag does not clear it
 };
 
@@ -116,14 +115,10 @@ template<class Change> void QtMoxSliderPrivate::reconfigure(Change change)
         slider->setValue(positionOf(lastValue));
 }
 
-void QtMoxSliderPrivate::followSlider()
-{
-    sliderConnection =
-        QObject::connect(slider, &QSlider::valueChanged, q, [this](int position) { onPositionChanged(position); });
-}
-
 void QtMoxSliderPrivate::onPositionChanged(int position)
 {
+    if (isStepping)
+        return;
     const QPointer<QtMoxSlider> alive(q);
     const bool linear = scaleType == QtMoxSlider::LinearScale;
     // The linear scale reports the position as it is, never snapped, unlike value().
@@ -148,11 +143,11 @@ void QtMoxSliderPrivate::onPositionChanged(int position)
 int QtMoxSliderPrivate::stepInKeyDirection(int value)
 {
     value = toInt(static_cast<qint64>(value) + (keyDirection == Up ? 1 : -1) * static_cast<qint64>(singleStep));
-    QObject::disconnect(sliderConnection);
     const QPointer<QtMoxSlider> alive(q);
+    isStepping = true;
     slider->setValue(positionOf(value));
     if (alive) {
-        followSlider();
+        isStepping = false;
         keyDirection = NoDirection;
     }
     return value;
@@ -167,7 +162,7 @@ QtMoxSlider::QtMoxSlider(Qt::Orientation orientation, QWidget *parent)
     connect(slider(), &QSlider::sliderPressed, this, &QtMoxSlider::sliderPressed);
     connect(slider(), &QSlider::sliderMoved, this, &QtMoxSlider::sliderMoved);
     connect(slider(), &QSlider::sliderReleased, this, &QtMoxSlider::sliderReleased);
-    d->followSlider();
+    connect(slider(), &QSlider::valueChanged, this, [this](int position) { d->onPositionChanged(position); });
     setRange(0, 100);
     slider()->installEventFilter(this);
 }

@@ -3,6 +3,9 @@
 #include "qtmoxspinboxval64_p.h"
 
 #include <QLineEdit>
+#include <QPointer>
+
+#include <algorithm>
 
 QtMoxSpinBoxVal64::QtMoxSpinBoxVal64(QWidget *parent)
     : QAbstractSpinBox(parent), d(std::make_unique<QtMoxSpinBoxVal64Private>(this))
@@ -30,8 +33,8 @@ void QtMoxSpinBoxVal64::setPrefix(const QString &prefix)
 void QtMoxSpinBoxVal64::setPrefix(QString &&prefix)
 {
     d->prefix = std::move(prefix);
-    d->setValue(d->value);
     updateGeometry(); // although the cached hints stay
+    d->setValue(d->value); // last: a slot may delete the spin box
 }
 
 QString QtMoxSpinBoxVal64::suffix() const
@@ -47,8 +50,8 @@ void QtMoxSpinBoxVal64::setSuffix(const QString &suffix)
 void QtMoxSpinBoxVal64::setSuffix(QString &&suffix)
 {
     d->suffix = std::move(suffix);
-    d->setValue(d->value);
     updateGeometry(); // although the cached hints stay
+    d->setValue(d->value); // last: a slot may delete the spin box
 }
 
 QString QtMoxSpinBoxVal64::cleanText() const
@@ -176,7 +179,10 @@ void QtMoxSpinBoxVal64::fixup(QString &) const
 
 void QtMoxSpinBoxVal64::stepBy(int steps)
 {
+    const QPointer<QtMoxSpinBoxVal64> alive(this);
     d->stepBy(steps);
+    if (!alive)
+        return;
     if (d->selectWhenStepping)
         d->selectDigits();
     update();

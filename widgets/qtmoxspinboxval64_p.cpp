@@ -10,6 +10,8 @@
 #include <QStyle>
 #include <QStyleOptionSpinBox>
 
+#include <algorithm>
+
 namespace {
 
 bool isStepKey(const QKeyEvent &event)
@@ -42,8 +44,12 @@ public:
     {
         // Events still arrive while the base classes are destroyed (the focus is given up there). The private object is
         // gone by then, and so is the class that the cast asks for.
-        if (qobject_cast<QtMoxSpinBoxVal64 *>(watched))
+        if (qobject_cast<QtMoxSpinBoxVal64 *>(watched)) {
+            const QPointer<QObject> alive(watched);
             analyze(*event);
+            if (!alive)
+                return true; // a slot deleted it: there is nobody left to pass the event on to
+        }
         return QObject::eventFilter(watched, event);
     }
 
@@ -233,8 +239,10 @@ void QtMoxSpinBoxVal64Private::resolveTyping()
 
 void QtMoxSpinBoxVal64Private::press()
 {
+    const QPointer<QtMoxSpinBoxVal64> alive(q_ptr);
     resolveTyping();
-    pressed = true;
+    if (alive)
+        pressed = true;
 }
 
 void QtMoxSpinBoxVal64Private::release()

@@ -5,6 +5,8 @@
 #include <QObject>
 #include <QPointer>
 
+#include <utility>
+
 /**
  * The connections between a spin box, a slider and the control that shows both: a change on either side reaches the other
  * and ends there, since neither emits for a value that it already holds; the spin box speaks for the control. While the
@@ -58,13 +60,13 @@ private:
     void release()
     {
         connectSpinBox();
-        const Value value = slider->value();
-        if (spinBox->value() != value) {
-            spinBox->setValue(value);
-            return;
-        }
-        // The drag has put it there while nobody heard. The text is the plain number, without prefix and suffix.
         const QPointer<QObject> alive(spinBox);
+        const Value value = spinBox->value();
+        spinBox->setValue(slider->value());
+        if (!alive || spinBox->value() != value)
+            return; // it has spoken for itself
+        // The drag has put it there while nobody heard, maybe rounded to its decimals, so that the slider's own number
+        // differs a little. The text is the plain number, without prefix and suffix.
         Q_EMIT spinBox->valueChanged(value);
         if (alive)
             Q_EMIT spinBox->valueChanged(QString::number(value));

@@ -6,6 +6,8 @@
 #include "qtmoxspinboxval.h"
 #include "qtmoxspinboxval64.h"
 
+#include <type_traits>
+
 // The 64-bit spin box has switches of its own, and asked for validate() it answers for the slider too.
 template<class SpinBox> constexpr bool is64Bit = std::is_same_v<SpinBox, QtMoxSpinBoxVal64>;
 

