@@ -165,6 +165,11 @@ MoxCamErr Interface::forceIp(const DeviceRecord &, std::uint32_t, std::uint32_t,
     return MoxCamError::GenTLNotImplemented;
 }
 
+MoxCamErr Interface::sendAction(const Action &)
+{
+    return MoxCamError::GenTLNotImplemented;
+}
+
 std::optional<DeviceRecord> Interface::findByAddress(std::uint32_t)
 {
     return std::nullopt;
@@ -183,6 +188,16 @@ DeviceInfo *Interface::keep(const DeviceRecord &record)
 void Interface::notify(std::uint32_t eventId, const void *data, std::size_t size)
 {
     d->events->post(int(eventId), std::string(static_cast<const char *>(data), size));
+}
+
+void Interface::acknowledged(std::uint32_t camera, std::uint16_t request)
+{
+    // The status word between them is that of success: a camera that refuses does not act, and is no event.
+    const std::uint64_t content = std::uint64_t(camera) << 32 | request;
+    std::uint8_t data[8];
+    for (int i = 0; i < 8; ++i)
+        data[i] = static_cast<std::uint8_t>(content >> 8 * (7 - i));
+    notify(MoxCam::EventActionAcknowledge, data, sizeof data);
 }
 
 } // namespace MoxSdk

@@ -4,6 +4,7 @@
 
 #include <MoxCameraApi/MoxCam.h>
 
+#include "action.h"
 #include "adapterfacts.h"
 #include "devicerecord.h"
 #include "link.h"
@@ -53,6 +54,8 @@ public:
     /** As `DeviceInfo::ForceIP`, and keeps what it makes of the camera; "not implemented" without addresses. */
     virtual MoxCamErr forceIp(const DeviceRecord &record, std::uint32_t ip, std::uint32_t netmask,
                               std::uint32_t gateway);
+    /** Sends a command and returns at once; event 1005 tells who obeys. "Not implemented" where no camera hears it. */
+    virtual MoxCamErr sendAction(const Action &action);
 
 protected:
     /** Looks for cameras, for at most @p limit, and gives them in a stable order. Must not throw. */
@@ -68,6 +71,8 @@ protected:
     DeviceInfo *keep(const DeviceRecord &record);
     /** Hands an event with a copy of its data to the callbacks, on the SDK's event thread. From any thread. */
     void notify(std::uint32_t eventId, const void *data, std::size_t size);
+    /** Notifies that a camera obeys the action command with that number. From any thread. */
+    void acknowledged(std::uint32_t camera, std::uint16_t request);
 
 private:
     std::unique_ptr<InterfacePrivate> const d;

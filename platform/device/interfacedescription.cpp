@@ -59,6 +59,24 @@ constexpr Feature gigEFeatures[] = {
      Register::ForcedGateway, 4, "IPV4Address", true, "RW"},
 };
 
+constexpr Feature actionFeatures[] = {
+    {"ActionFlags", "Action Flags", "Bit 0 asks for acknowledgements, bit 7 is for an action at the time.",
+     Register::ActionFlags, 1, "HexNumber", false, "RW"},
+    {"ActionDevKey", "Action Device Key", "Key of the devices that shall act.", Register::ActionDeviceKey, 4,
+     "HexNumber", false, "RW"},
+    {"ActionGroupKey", "Action Group Key", "Key of the actions that are meant.", Register::ActionGroupKey, 4,
+     "HexNumber", false, "RW"},
+    {"ActionGroupMask", "Action Group Mask", "Groups that are meant: those that share a bit with it.",
+     Register::ActionGroupMask, 4, "HexNumber", false, "RW"},
+    {"ActionTimeHi", "Action Time High", "Upper half of the time, of the devices' clocks.", Register::ActionTimeHigh, 4,
+     "HexNumber", false, "RW"},
+    {"ActionTimeLo", "Action Time Low", "Lower half of the time.", Register::ActionTimeLow, 4, "HexNumber", false,
+     "RW"},
+    {"CntWaitActionAcks", "Acknowledgements To Wait For",
+     "Acknowledgements that are waited for; 0 for as many as come in 5 seconds.", Register::ActionAnswers, 4,
+     "PureNumber", false, "RW"},
+};
+
 constexpr Feature usbFeatures[] = {
     {"DeviceUSBVersionDetected", "Device USB Version Detected",
      "Version of USB that the selected device's link runs at, 0x0300 for 3.0; 0 when it is not known.",
@@ -83,6 +101,9 @@ constexpr char gigENodes[] = R"(
 <Command Name="GevDeviceForceIP" NameSpace="Standard"><ToolTip>Assigns the address to the selected device.</ToolTip>
 <DisplayName>Device Force IP</DisplayName><Visibility>Expert</Visibility><pIsAvailable>DeviceListedReg</pIsAvailable>
 <pValue>ForceIpReg</pValue><CommandValue>1</CommandValue></Command>
+<Command Name="GevAction"><ToolTip>Sends the action command to all devices of the adapter's subnet.</ToolTip>
+<DisplayName>Send Action</DisplayName><Visibility>Beginner</Visibility>
+<pValue>SendActionReg</pValue><CommandValue>1</CommandValue></Command>
 )";
 
 std::string element(const char *tag, const std::string &content)
@@ -158,6 +179,15 @@ std::string interfaceDescription(int type)
         ofDevice += element("pFeature", "GevDeviceForceIP");
         selected += element("pSelected", "GevDeviceForceIP");
     }
+    std::string ofAction;
+    if (isGigE) {
+        for (const Feature &feature : actionFeatures) {
+            nodes += featureNode(feature);
+            ofAction += element("pFeature", feature.name);
+        }
+        add("SendActionReg", Register::SendAction, "WO");
+        ofAction += element("pFeature", "GevAction");
+    }
     std::string rest = frame;
     replace(rest, "%SELECTED%", selected);
     replace(rest, "%TYPE%", isGigE ? "GigEVision" : "USB3Vision");
@@ -170,8 +200,11 @@ std::string interfaceDescription(int type)
            R"( ProductGuid="3f5d0c9e-5a0e-4c57-8a3c-0b9c1d6e7f10" VersionGuid="3f5d0c9e-5a0e-4c57-8a3c-0b9c1d6e7f11")"
            R"( xmlns="http://www.genicam.org/GenApi/Version_1_1">)"
            "\n"
-        + category("Root", "<pFeature>InterfaceInformation</pFeature><pFeature>DeviceEnumeration</pFeature>")
-        + category("InterfaceInformation", ofInterface) + category("DeviceEnumeration", ofDevice) + nodes + rest;
+        + category("Root",
+                   std::string("<pFeature>InterfaceInformation</pFeature><pFeature>DeviceEnumeration</pFeature>")
+                       + (isGigE ? "<pFeature>ActionControl</pFeature>" : ""))
+        + category("InterfaceInformation", ofInterface) + category("DeviceEnumeration", ofDevice)
+        + (isGigE ? category("ActionControl", ofAction) : std::string()) + nodes + rest;
 }
 
 } // namespace MoxSdk

@@ -18,6 +18,14 @@ enum class InterfaceRegister : std::int64_t {
     AdapterIp = 0x050,
     AdapterNetmask = 0x060,
     AdapterGateway = 0x070,
+    ActionFlags = 0x080,
+    ActionDeviceKey = 0x090,
+    ActionGroupKey = 0x0A0,
+    ActionGroupMask = 0x0B0,
+    ActionTimeHigh = 0x0C0,
+    ActionTimeLow = 0x0D0,
+    ActionAnswers = 0x0E0, ///< that are waited for
+    SendAction = 0x0F0,
     InterfaceId = 0x200,
     InterfaceName = 0x400,
     // Of the selected device.

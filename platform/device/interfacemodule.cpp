@@ -53,10 +53,15 @@ public:
     DeviceInfo &selected() const;
     void select(std::uint64_t position);
     void force();
+    void act();
 
     Interface &interface;
     std::uint64_t selector = 0;
     std::map<const DeviceInfo *, std::map<Register, std::uint32_t>> written; // values to force, by device
+    std::map<Register, std::uint32_t> action = {{Register::ActionFlags, 0},    {Register::ActionDeviceKey, 0},
+                                                {Register::ActionGroupKey, 0}, {Register::ActionGroupMask, 0},
+                                                {Register::ActionTimeHigh, 0}, {Register::ActionTimeLow, 0},
+                                                {Register::ActionAnswers, 0}};
 
     // Each stands on those before it.
     const std::unique_ptr<GenApi_3_0::INodeMap> nodeMap;
@@ -90,8 +95,13 @@ void InterfaceModulePrivate::Write(const void *buffer, std::int64_t address, std
         return select(value);
     case Register::ForceIp:
         return force();
+    case Register::SendAction:
+        return act();
     default:
-        written[&selected()][place] = value;
+        if (const auto part = action.find(place); part != action.end())
+            part->second = value;
+        else
+            written[&selected()][place] = value;
     }
 }
 
@@ -115,6 +125,8 @@ std::uint64_t InterfaceModulePrivate::number(Register place) const
     case Register::AdapterGateway:
         return interface.adapterFacts().gateway;
     default:
+        if (const auto part = action.find(place); part != action.end())
+            return part->second;
         return deviceNumber(place);
     }
 }
@@ -186,6 +198,24 @@ void InterfaceModulePrivate::force()
     const auto value = [this](Register place) { return static_cast<std::uint32_t>(deviceNumber(place)); };
     check(info.ForceIP(value(Register::ForcedIp), value(Register::ForcedNetmask), value(Register::ForcedGateway)));
     written.erase(&info);
+}
+
+void InterfaceModulePrivate::act()
+{
+    // Bits as the command itself has them; the others are reserved, and are not sent.
+    constexpr std::uint32_t AcknowledgeRequested = 0x01;
+    constexpr std::uint32_t Scheduled = 0x80;
+    const std::uint32_t flags = action[Register::ActionFlags];
+    Action command;
+    command.deviceKey = action[Register::ActionDeviceKey];
+    command.groupKey = action[Register::ActionGroupKey];
+    command.groupMask = action[Register::ActionGroupMask];
+    if (flags & Scheduled)
+        command.time = std::uint64_t(action[Register::ActionTimeHigh]) << 32 | action[Register::ActionTimeLow];
+    command.acknowledged = flags & AcknowledgeRequested;
+    command.awaited = action[Register::ActionAnswers];
+    if (interface.sendAction(command) != MoxCamError::Success)
+        throw RUNTIME_EXCEPTION("the command cannot be sent");
 }
 
 InterfaceModule::InterfaceModule(Interface &interface, const std::string &description)

@@ -17,7 +17,8 @@ class InterfaceModulePrivate;
  *
  * The values to force an address with are the selected device's present ones until they are written, and again when
  * `GevDeviceForceIP` has assigned them; an address that came by `DeviceInfo::ForceIP` leaves them. A selector beyond a
- * list that has become shorter stays, and its features are not available.
+ * list that has become shorter stays, and its features are not available. What an action command is made of stays until
+ * it is written again; `GevAction` does not wait for acknowledgements.
  */
 class InterfaceModule
 {

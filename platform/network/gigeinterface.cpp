@@ -59,7 +59,8 @@ MoxCamErr resultOf(std::uint16_t status)
 GigEInterface::GigEInterface(const std::string &id, const Adapter &adapter, std::uint16_t port)
     : Interface(MoxCam::InterfaceGigEVision, id, adapter.name + " (" + dotted(adapter.ipAddress) + ')', "2.0"),
       m_adapter(adapter),
-      m_port(port)
+      m_port(port),
+      m_action([this](std::uint32_t camera, std::uint16_t request) { acknowledged(camera, request); })
 { }
 
 AdapterFacts GigEInterface::adapterFacts() const
@@ -113,6 +114,11 @@ MoxCamErr GigEInterface::forceIp(const DeviceRecord &record, std::uint32_t ip, s
         keep(expected);
     }
     return MoxCamError::Success;
+}
+
+MoxCamErr GigEInterface::sendAction(const Action &action)
+{
+    return m_action.send(current(m_adapter), m_port, action) ? MoxCamError::Success : MoxCamError::GenTLIo;
 }
 
 std::vector<DeviceRecord> GigEInterface::discover(std::chrono::milliseconds limit)

@@ -5,6 +5,7 @@
 #include "../device/interface.h"
 #include "adapters.h"
 #include "gvcp.h"
+#include "gvcpaction.h"
 
 namespace MoxSdk {
 
@@ -19,6 +20,7 @@ public:
     /** Takes 0.2 s, and up to 1.2 s when the camera does not answer. */
     MoxCamErr forceIp(const DeviceRecord &record, std::uint32_t ip, std::uint32_t netmask,
                       std::uint32_t gateway) override;
+    MoxCamErr sendAction(const Action &action) override;
 
 protected:
     std::vector<DeviceRecord> discover(std::chrono::milliseconds limit) override;
@@ -27,6 +29,7 @@ protected:
 private:
     const Adapter m_adapter; // as it was when it appeared; its name and address stay
     const std::uint16_t m_port;
+    GvcpAction m_action;
 };
 
 } // namespace MoxSdk

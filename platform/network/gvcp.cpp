@@ -9,7 +9,7 @@ namespace {
 constexpr std::size_t headerLength = 8;
 constexpr std::uint8_t commandKey = 0x42;
 
-enum Flag : std::uint8_t { AcknowledgeRequired = 0x01, BroadcastAnswerAllowed = 0x10 };
+enum Flag : std::uint8_t { AcknowledgeRequired = 0x01, BroadcastAnswerAllowed = 0x10, ScheduledAction = 0x80 };
 
 enum Command : std::uint16_t {
     Discovery = 0x0002,
@@ -17,7 +17,8 @@ enum Command : std::uint16_t {
     ReadRegister = 0x0080,
     WriteRegister = 0x0082,
     ReadMemory = 0x0084,
-    WriteMemory = 0x0086
+    WriteMemory = 0x0086,
+    ActionCode = 0x0100
 };
 
 // Places in the payload of a discovery answer, which mirrors the first registers of a camera.
@@ -113,6 +114,20 @@ Packet forceIpCommand(std::uint16_t id, const AddressAssignment &assignment)
     storeWord(payload + ForcedIpAddressAt, assignment.ipAddress);
     storeWord(payload + ForcedNetmaskAt, assignment.netmask);
     storeWord(payload + ForcedGatewayAt, assignment.gateway);
+    return packet;
+}
+
+Packet actionCommand(std::uint16_t id, const Action &action)
+{
+    const unsigned flags = (action.acknowledged ? AcknowledgeRequired : 0) | (action.time ? ScheduledAction : 0);
+    Packet packet = command(ActionCode, id, action.time ? 20 : 12, static_cast<std::uint8_t>(flags));
+    append32(packet, action.deviceKey);
+    append32(packet, action.groupKey);
+    append32(packet, action.groupMask);
+    if (action.time) {
+        append32(packet, static_cast<std::uint32_t>(*action.time >> 32));
+        append32(packet, static_cast<std::uint32_t>(*action.time));
+    }
     return packet;
 }
 

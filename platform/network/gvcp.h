@@ -2,6 +2,8 @@
 #ifndef MOXSDK_GVCP_H
 #define MOXSDK_GVCP_H
 
+#include "../device/action.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <optional>
@@ -26,7 +28,8 @@ enum Answer : std::uint16_t {
     WriteRegisterAck = 0x0083,
     ReadMemoryAck = 0x0085,
     WriteMemoryAck = 0x0087,
-    PendingAck = 0x0089
+    PendingAck = 0x0089,
+    ActionAck = 0x0101
 };
 
 /** Status words that are told apart; all but success begin with 8. */
@@ -72,6 +75,9 @@ struct AddressAssignment
  * be able to send to this host yet.
  */
 Packet forceIpCommand(std::uint16_t id, const AddressAssignment &assignment);
+
+/** Tells every camera that hears it to act. */
+Packet actionCommand(std::uint16_t id, const Action &action);
 
 Packet readRegisterCommand(std::uint16_t id, std::uint32_t address);
 Packet writeRegisterCommand(std::uint16_t id, std::uint32_t address, std::uint32_t value);

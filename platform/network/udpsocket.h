@@ -11,7 +11,7 @@
 
 namespace MoxSdk {
 
-/** Owned by one discovery or one control channel, and used by one thread at a time. */
+/** Owned by who speaks through it, and used by one thread at a time; but one may send while another one waits. */
 class UdpSocket
 {
 public:

@@ -165,6 +165,16 @@ MoxCamErr Camera::forceIp(std::uint32_t ip, std::uint32_t netmask, std::uint32_t
     return MoxCamError::Success;
 }
 
+std::optional<std::chrono::milliseconds> Camera::act(const Action &action)
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    // The broadcast is that of the adapter's subnet.
+    const bool hears = m_plan.reach != MoxSim::Reach::Undiscovered && m_plan.reach != MoxSim::Reach::WrongSubnet;
+    if (!m_firmware || !m_plugged || !m_interfacePlugged || !hears || !m_firmware->act(action))
+        return std::nullopt;
+    return std::chrono::milliseconds(10) * (m_plan.position.cameraNumber + 1) + m_accessDelay;
+}
+
 void Camera::setUserName(const std::string &userName)
 {
     const std::lock_guard<std::mutex> lock(m_mutex);

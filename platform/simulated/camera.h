@@ -10,6 +10,7 @@
 
 #include <memory>
 #include <mutex>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -77,6 +78,8 @@ public:
      */
     MoxCamErr forceIp(std::uint32_t ip, std::uint32_t netmask, std::uint32_t gateway);
     void setUserName(const std::string &userName);
+    /** Hears a command by broadcast: how long the camera needs to say that it obeys; nothing when it does not. */
+    std::optional<std::chrono::milliseconds> act(const Action &action);
 
     void setAccessDelay(std::chrono::milliseconds delay);
     void failAccess(unsigned nth, bool repeat);

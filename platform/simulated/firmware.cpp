@@ -1,6 +1,7 @@
 #include "firmware.h"
 
 #include "acquisition.h"
+#include "actions.h"
 #include "frametiming.h"
 #include "housekeeping.h"
 #include "imagegeometry.h"
@@ -15,11 +16,12 @@ namespace MoxSdk {
 
 Firmware::Firmware(const RegisterMap &map, CameraClock clock) : m_registers(map), m_clock(std::move(clock))
 {
-    // In the order in which they depend on each other: user sets keep the tables, times follow from sizes, triggers
-    // come from pulses.
+    // In the order in which they depend on each other: user sets keep the tables, actions have their times from the
+    // clock, times follow from sizes, triggers come from pulses.
     m_units.push_back(std::make_unique<LookupTables>(m_registers));
     m_units.push_back(std::make_unique<UserSets>(m_registers));
     m_units.push_back(std::make_unique<Housekeeping>(m_registers));
+    m_units.push_back(std::make_unique<Actions>(m_registers));
     m_units.push_back(std::make_unique<ImageGeometry>(m_registers));
     m_units.push_back(std::make_unique<FrameTiming>(m_registers));
     m_units.push_back(std::make_unique<SingleTiming>(m_registers));
@@ -66,6 +68,15 @@ void Firmware::write(const std::uint8_t *bytes, std::int64_t address, std::int64
     for (const CameraRegisters::Touched &part : m_registers.touched(address, length))
         obey(*part.reg, part.bank, now);
     derive();
+}
+
+bool Firmware::act(const Action &action)
+{
+    advance(m_clock());
+    bool obeyed = false;
+    for (const auto &unit : m_units)
+        obeyed |= unit->commanded(action);
+    return obeyed;
 }
 
 void Firmware::obey(const Register &reg, int bank, std::chrono::nanoseconds now)

@@ -2,6 +2,7 @@
 #ifndef MOXSDK_FIRMWARE_H
 #define MOXSDK_FIRMWARE_H
 
+#include "../device/action.h"
 #include "cameraregisters.h"
 
 #include <chrono>
@@ -27,6 +28,8 @@ public:
     virtual void powerUp(std::chrono::nanoseconds) { }
     /** Runs for each bank of a register that a host wrote, before anything is derived from it. */
     virtual void written(const std::string &, int, std::chrono::nanoseconds) { }
+    /** Takes part in an action; true when it is the camera's to do, now or at its time. */
+    virtual bool commanded(const Action &) { return false; }
     /** Runs when a user set has replaced the settings. */
     virtual void settingsReplaced(std::chrono::nanoseconds) { }
     /** Brings limits and figures into step with what they depend on. Running it twice changes nothing more. */
@@ -52,6 +55,9 @@ public:
     void read(std::uint8_t *bytes, std::int64_t address, std::int64_t length);
     /** Throws what the camera answers to a write that it does not take; nothing is written then. */
     void write(const std::uint8_t *bytes, std::int64_t address, std::int64_t length);
+
+    /** Whether the camera does its part in an action. */
+    bool act(const Action &action);
 
     /** For identity, addresses and link, which come from outside and which a reset keeps. */
     CameraRegisters &registers() { return m_registers; }

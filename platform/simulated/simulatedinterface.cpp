@@ -61,6 +61,27 @@ MoxCamErr SimulatedInterface::forceIp(const DeviceRecord &record, std::uint32_t 
     return result;
 }
 
+MoxCamErr SimulatedInterface::sendAction(const Action &action)
+{
+    if (GetType() != MoxCam::InterfaceGigEVision)
+        return Interface::sendAction(action);
+    const std::uint16_t number = ++m_lastAction;
+    const auto awaited = std::make_shared<std::uint32_t>(action.awaited ? action.awaited : UINT32_MAX);
+    for (const std::shared_ptr<Camera> &camera : World::instance().pluggedCameras(m_facts)) {
+        const auto delay = camera->act(action);
+        if (!delay || !action.acknowledged)
+            continue;
+        m_answers.post(*delay, [this, camera, number, awaited] {
+            // Pulled out before it answered, or nobody waits for it any more.
+            if (!camera->isReachable() || *awaited == 0)
+                return;
+            --*awaited;
+            acknowledged(camera->record().ipAddress, number);
+        });
+    }
+    return MoxCamError::Success;
+}
+
 std::vector<DeviceRecord> SimulatedInterface::discover(std::chrono::milliseconds limit)
 {
     World &world = World::instance();

@@ -3,7 +3,10 @@
 #define MOXSDK_SIMULATEDINTERFACE_H
 
 #include "../device/interface.h"
+#include "answerqueue.h"
 #include "world.h"
+
+#include <atomic>
 
 namespace MoxSdk {
 
@@ -20,6 +23,7 @@ public:
     std::unique_ptr<Link> openLink(const DeviceRecord &record) override;
     MoxCamErr forceIp(const DeviceRecord &record, std::uint32_t ip, std::uint32_t netmask,
                       std::uint32_t gateway) override;
+    MoxCamErr sendAction(const Action &action) override;
 
 protected:
     std::vector<DeviceRecord> discover(std::chrono::milliseconds limit) override;
@@ -30,6 +34,8 @@ private:
     std::shared_ptr<Camera> find(const std::string &id) const;
 
     const InterfaceFacts m_facts;
+    std::atomic<std::uint16_t> m_lastAction{0};
+    AnswerQueue m_answers;
 };
 
 } // namespace MoxSdk

@@ -26,7 +26,11 @@ class DeviceInfo;
  */
 using EventCallback = void (*)(const void *data, unsigned long size, void *context);
 
-/** Events of a device, and of an interface for the last one. */
+/**
+ * Events of a device, and of an interface for the last one: a camera obeys an action command of this interface. Its data
+ * are 8 bytes, big-endian: the camera's address (4), the acknowledgement's status word (2), which is 0, and the number
+ * of the command (2). It comes once for a camera and a command; refusals and late acknowledgements are none.
+ */
 enum EventId { EventDeviceConnected = 1003, EventDeviceDisconnected = 1004, EventActionAcknowledge = 1005 };
 
 /** Transport codes of `Interface::GetType`. */

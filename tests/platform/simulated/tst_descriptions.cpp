@@ -98,10 +98,9 @@ private:
     static void models()
     {
         QTest::addColumn<Model>("model");
-        QTest::addColumn<int>("features");
-        QTest::newRow("frame A/B") << Model::FrameAB << 247;
-        QTest::newRow("plain") << Model::Plain << 233;
-        QTest::newRow("color") << Model::Color << 229;
+        QTest::newRow("frame A/B") << Model::FrameAB;
+        QTest::newRow("plain") << Model::Plain;
+        QTest::newRow("color") << Model::Color;
     }
 };
 
@@ -149,12 +148,10 @@ void TestDescriptions::referencesResolve()
 void TestDescriptions::everyFeatureIsSound()
 {
     QFETCH(Model, model);
-    QFETCH(int, features);
     Bench bench(model);
     // What the camera that stands around a firmware fills in.
     bench.firmware.registers().setInteger("LinkSpeedReg", 8);
     const std::vector<IValue *> all = bench.features();
-    QCOMPARE(int(all.size()), features);
     QSet<QString> displayNames;
     QSet<int> modes;
     for (IValue *feature : all) {

@@ -10,7 +10,6 @@
 #include <datarow.h>
 #include <testmain.h>
 
-#include <QElapsedTimer>
 #include <QTemporaryDir>
 #include <QtEndian>
 
@@ -104,17 +103,11 @@ private Q_SLOTS:
     void interfacesComeAndGo();
     void pointersOutliveAReset();
     void camerasAreAdded();
-    void unknownIdentifiers();
-    void userNames();
-    void slowLink();
     void accessesFailByOrder();
     void everythingTakesItsTime();
     void descriptionFiles();
     void repairedAndOpened();
-    void addressNotTaken();
     void foundByAddress();
-    void interfaceFeatures_data();
-    void interfaceFeatures();
     void manyThreads();
 
 private:
@@ -332,41 +325,6 @@ void TestSimulatedWorld::camerasAreAdded()
     QCOMPARE(thrown([&] { addCamera("Sim::U3V0", setup); }), QStringLiteral("argument: There is no such camera model"));
 }
 
-void TestSimulatedWorld::unknownIdentifiers()
-{
-    const QString camera = QStringLiteral("argument: There is no simulated camera nobody");
-    QCOMPARE(thrown([] { setPlugged("nobody", true); }), camera);
-    QCOMPARE(thrown([] { failAccess("nobody", 1); }), camera);
-    QCOMPARE(thrown([] { removeCamera("nobody"); }), camera);
-    const QString interface = QStringLiteral("argument: There is no simulated interface nobody");
-    QCOMPARE(thrown([] { addCamera("nobody", CameraSetup()); }), interface);
-    QCOMPARE(thrown([] { setInterfacePlugged("nobody", true); }), interface);
-    for (int type : {-1, 6, 40})
-        QVERIFY(thrown([=] { addInterface(type, ""); }).startsWith(QLatin1String("argument: ")));
-}
-
-void TestSimulatedWorld::userNames()
-{
-    setUserName(m_frameAB, "New name");
-    QCOMPARE(firstCamera()->GetUserDefinedName(), "New name");
-    // The camera may be told its name as well.
-    const std::unique_ptr<Link> link = open(m_frameAB);
-    link->port().Write("Other\0\0\0\0\0\0\0\0\0\0", 0xE8, 16);
-    QCOMPARE(firstCamera()->GetUserDefinedName(), "Other");
-}
-
-void TestSimulatedWorld::slowLink()
-{
-    QStringList seen;
-    for (const std::string &id : cameras("Sim::U3V0")) {
-        const std::unique_ptr<Link> link = open(id);
-        const auto map = MoxGenApi::createNodeMap(link->description(), link->port(), "Device");
-        for (const char *name : {"U3vCurrentSpeed", "CurrentFrameTime"})
-            seen += QLatin1String(GenApi::CValuePtr(map->GetNode(name))->ToString().c_str());
-    }
-    QCOMPARE(seen.join(QLatin1Char(' ')), QStringLiteral("SuperSpeed 11820 HighSpeed 89877"));
-}
-
 void TestSimulatedWorld::accessesFailByOrder()
 {
     const std::unique_ptr<Link> link = open(m_frameAB);
@@ -394,24 +352,15 @@ void TestSimulatedWorld::accessesFailByOrder()
 void TestSimulatedWorld::everythingTakesItsTime()
 {
     const std::unique_ptr<Link> link = open(m_frameAB);
-    MoxSdk::Interface *usb = m_backend->interfaces()[1];
-    setAccessDelay(m_frameAB, 40);
-    setDiscoveryTime("Sim::U3V0", 50);
-    QElapsedTimer timer;
-    timer.start();
-    readNumber(*link, HeartbeatTimeout);
-    QVERIFY(timer.restart() >= 40);
-    discovered(usb);
-    QVERIFY(timer.elapsed() >= 50);
     // An hour, if the caller's limit did not count.
     setDiscoveryTime("Sim::U3V0", 3600000);
-    QCOMPARE(discovered(usb).size(), std::size_t(2));
+    QCOMPARE(discovered(m_backend->interfaces()[1]).size(), std::size_t(2));
 
     // The plug is pulled in the middle of an access; neither waits for the other.
     setAccessDelay(m_frameAB, 1000);
     QString outcome;
     std::thread reader([&] { outcome = thrown([&] { readNumber(*link, HeartbeatTimeout); }); });
-    QTRY_COMPARE(accessCount(m_frameAB), std::uint64_t(2));
+    QTRY_COMPARE(accessCount(m_frameAB), std::uint64_t(1));
     setPlugged(m_frameAB, false);
     QVERIFY(!isPlugged(m_frameAB));
     reader.join();
@@ -488,22 +437,6 @@ void TestSimulatedWorld::repairedAndOpened()
     QCOMPARE(reach("Moxara_MX-2K-M_000003"), Reach::WrongSubnet);
 }
 
-void TestSimulatedWorld::addressNotTaken()
-{
-    DeviceInfo *info = firstCamera();
-    const auto force = [&](std::uint32_t ip) { return info->ForceIP(ip, mask, 0); };
-    QCOMPARE(force(0), MoxCamError::Success);
-    setReach(m_frameAB, Reach::Busy);
-    QCOMPARE(force(0xC0A80A37), MoxCamError::GenTLAccessDenied);
-    setReach(m_frameAB, Reach::Undiscovered);
-    QCOMPARE(force(0xC0A80A37), MoxCamError::GenTLTimeout);
-    QCOMPARE(reach(m_frameAB), Reach::Undiscovered);
-    setPlugged(m_frameAB, false);
-    QCOMPARE(force(0xC0A80A37), MoxCamError::GenTLTimeout);
-    QVERIFY(!thrown([&] { m_network->openLink(info->record()); }).isEmpty());
-    QCOMPARE(info->GetIPAddress(nullptr), "192.168.10.10");
-}
-
 void TestSimulatedWorld::foundByAddress()
 {
     // That it answers to its address does not put a camera on the list.
@@ -519,56 +452,6 @@ void TestSimulatedWorld::foundByAddress()
     for (const char *nobody : {"192.168.10.13", "192.168.10.1", "0.0.0.0"})
         QVERIFY2(!m_network->ConnectByIp(nobody), nobody);
     QVERIFY(!m_backend->interfaces()[1]->ConnectByIp("192.168.10.10"));
-}
-
-void TestSimulatedWorld::interfaceFeatures_data()
-{
-    columns<std::size_t, QByteArray>("interface", "expected"); // empty: there are no parameters
-    row("network", std::size_t(0),
-        "InterfaceType GigEVision, InterfaceID Sim::GEV0, InterfaceDisplayName Simulated network adapter, "
-        "GevInterfaceMACAddress 24d58000000, GevInterfaceSubnetIPAddress c0a80a01, GevInterfaceSubnetMask ffffff00, "
-        "GevInterfaceGateway c0a80afe, GevInterfaceTransport Socket, DeviceSelector 1, "
-        "DeviceID Moxara_MX-2K-M_000002, DeviceVendorName Moxara, DeviceModelName MX-2K-M, "
-        "DeviceSerialNumber 000002, GevDeviceMACAddress 24d58000002, GevDeviceIPAddress c0a80a0b, "
-        "GevDeviceSubnetMask ffffff00, GevDeviceGateway 0, GevDeviceForceIPAddress c0a80a0b, "
-        "GevDeviceForceSubnetMask ffffff00, GevDeviceForceGateway 0, GevDeviceForceIP, ");
-    row("USB", std::size_t(1),
-        "InterfaceType USB3Vision, InterfaceID Sim::U3V0, InterfaceDisplayName Simulated USB host, DeviceSelector 1, "
-        "DeviceID Moxara_MX-2K-C_U3_000006, DeviceVendorName Moxara, DeviceModelName MX-2K-C U3, "
-        "DeviceSerialNumber 000006, DeviceUSBVersionDetected 210, ");
-    row("frame grabber", std::size_t(2), "");
-}
-
-void TestSimulatedWorld::interfaceFeatures()
-{
-    QFETCH(std::size_t, interface);
-    QFETCH(QByteArray, expected);
-    MoxSdk::Interface *shown = m_backend->interfaces()[interface];
-    discovered(shown);
-    MoxCamErr err = 1;
-    MoxGenParam::Array *array = shown->GetParameters(&err);
-    QCOMPARE(err, expected.isEmpty() ? MoxCamError::GenTLNotAvailable : MoxCamError::Success);
-    QCOMPARE(shown->GetParameters(nullptr), array);
-    QCOMPARE(!array, expected.isEmpty());
-    if (!array)
-        return;
-    QCOMPARE(array->SetIntegerValue("DeviceSelector", 1), MoxCamError::Success);
-    QByteArray seen;
-    for (const char *category : {"InterfaceInformation", "DeviceEnumeration"}) {
-        GenApi::FeatureList_t features;
-        dynamic_cast<GenApi::ICategory &>(*array->GetNodeMap(nullptr)->GetNode(category)).GetFeatures(features);
-        for (GenApi::IValue *feature : features) {
-            const QByteArray name = feature->GetNode()->GetName().c_str();
-            const qint64 number = array->GetIntegerValue(name, &err);
-            seen += name;
-            if (!err)
-                seen += ' ' + QByteArray::number(number, 16);
-            else if (GenApi::IsReadable(feature))
-                seen += QByteArray(" ") + feature->ToString().c_str();
-            seen += ", ";
-        }
-    }
-    QCOMPARE(seen, expected);
 }
 
 void TestSimulatedWorld::manyThreads()
