@@ -27,10 +27,8 @@ void TestGenApiValues::impossibleRegisters_data()
 {
     columns<QByteArray>("node");
     row("long float", "FloatReg N @0 Length=16");
-    row("short float", "FloatReg N @0 Length=3");
     row("long integer", "IntReg N @0 Length=9");
     row("bits behind the register", "MaskedIntReg N @0 LSB=40 MSB=41");
-    row("negative bit", "MaskedIntReg N @0 Bit=-1");
     row("bits beyond any number",
         "MaskedIntReg N @0 LSB=0x8000000000000000 MSB=0x7fffffffffffffff Endianess=BigEndian");
 }
@@ -83,22 +81,17 @@ void TestGenApiValues::formulas_data()
         MoxTest::row(formula, formula, integer, real);
     };
     const auto fails = [&row](const char *formula, const char *error) { row(formula, error, error); };
-    row("X + 2 * 3 - 1", "12", "12");
     row("X / 2", "3", "3.5");
     row("-X % 4", "-3", "-3");
     row("2 ** 3 ** 2", "512", "512");
     row("(-9223372036854775807 - 1) % -1", "0", "0");
-    row("(X > 3) && (X <> 7) || (X = 7)", "1", "1");
     row("(X = 7) ? 1 : 1 / 0", "1", "1");
-    row("(X = 0) ? 1 : (X < 7) ? 2 : 3", "3", "3");
     row("0xFFFFFFFFFFFFFFFF & X", "7", "7");
     row("9223372036854775807 - X", "9223372036854775800", "9223372036854775808");
     row("~X | 1 << 4 ^ 1", "-7", "-7");
     row("X.Max - X.Min + X.Inc", "101", "101");
-    row("E.Enum.On * K", "30", "30");
     row("ABS(NEG(X)) + SGN(-3) + TRUNC(2.9)", "8", "8");
     row("ROUND(X / 3, 2) + SQRT(4)", "4", "4.33");
-    row("D + 0.5", "3", "3");
     row("T60", "1152921504606846976", "1152921504606846976");
     fails("1 / (X - 7)", "The formula of node 'N' divides by zero.");
     fails("Y", "The formula of node 'N' uses 'Y', which is none of its variables.");
@@ -138,20 +131,14 @@ void TestGenApiValues::formulas()
 void TestGenApiValues::numbers()
 {
     Camera camera("Integer I Value=50 Min=0 Max=9 ValidValueSet=8;1;0x10;2; Float F Value=0.5 ValidValueSet=2.5;0.5; "
-                  "Float G Value=0; Float H Value=0 Inc=0.25; IntReg R @1000 pIndex.16=I; Register Raw @0; "
+                  "IntReg R @1000 pIndex.16=I; Register Raw @0; "
                   "Converter C FormulaTo=FROM*2 FormulaFrom=TO/2 pValue=R; StringReg S @10 Length=8");
     IInteger &integer = camera.integer("I");
     QCOMPARE(thrown([&] { integer.GetValue(true); }),
              QStringLiteral("OutOfRangeException: Node 'I': Value 50 lies outside of 0 to 9."));
-    QCOMPARE(camera.get<IRegister>("R")->GetAddress(), 0x1000 + 16 * 50);
-    QCOMPARE(integer.GetIncMode(), listIncrement);
     QCOMPARE(integer.GetListOfValidValues().size(), std::size_t(3));
     QCOMPARE(integer.GetListOfValidValues()[2], 8);
     QCOMPARE(integer.GetListOfValidValues(false)[3], 16);
-    QCOMPARE(camera.real("F").GetIncMode(), listIncrement);
-    QCOMPARE(camera.real("G").GetIncMode(), noIncrement);
-    QCOMPARE(camera.real("H").GetIncMode(), fixedIncrement);
-    QCOMPARE(camera.real("H").GetInc(), 0.25);
     for (const char *name : {"C", "R"}) {
         auto *value = camera.get<IValue>(name);
         value->ToString();
@@ -168,7 +155,6 @@ void TestGenApiValues::numbers()
     auto *text = camera.get<IString>("S");
     text->SetValue(gcstring("a\0b", 3));
     QCOMPARE(text->GetValue().c_str(), "a");
-    QCOMPARE(text->GetMaxLength(), 8);
 }
 
 void TestGenApiValues::choices()
@@ -182,12 +168,7 @@ void TestGenApiValues::choices()
     QCOMPARE(mode->GetCurrentEntry(), camera.get<IEnumEntry>("EnumEntry_E_On"));
     QCOMPARE(thrown([&] { mode->SetIntValue(9, false); }),
              QStringLiteral("InvalidArgumentException: Node 'E' has no entry of the value 9."));
-    NodeList_t entries;
-    mode->GetEntries(entries);
-    QCOMPARE(entries.size(), std::size_t(2));
     FeatureList_t features;
-    camera.get<ISelector>("Gain")->GetSelectingFeatures(features);
-    QCOMPARE(features, FeatureList_t{camera.get<IValue>("E")});
     camera.get<ISelector>("E")->GetSelectedFeatures(features);
     QCOMPARE(features, FeatureList_t{camera.get<IValue>("Gain")});
 

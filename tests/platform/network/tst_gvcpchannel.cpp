@@ -1,5 +1,4 @@
 // Register accesses over packets: alignment, refusals, patience, control.
-#include "../../../platform/network/gigeinterface.h"
 #include "../../../platform/network/gvcpchannel.h"
 #include "gvcpresponder.h"
 
@@ -57,7 +56,6 @@ private Q_SLOTS:
     void silence();
     void pending();
     void control();
-    void returnAtAnotherAddress();
     void descriptions_data();
     void descriptions();
 };
@@ -67,8 +65,6 @@ void TestGvcpChannel::alignment_data()
     columns<int, int, QByteArray, QByteArray>("address", "length", "reading", "writing");
     row("a word", 0x1004, 4, "84@1004+4", "86@1004+4");
     row("inside a word", 0x1005, 2, "84@1004+4", "84@1004+4 86@1004+4");
-    row("front of a word", 0x1004, 2, "84@1004+4", "84@1004+4 86@1004+4");
-    row("begins inside", 0x1006, 6, "84@1004+8", "84@1004+4 86@1004+8");
     row("ends inside", 0x1004, 5, "84@1004+8", "84@1008+4 86@1004+8");
     row("both", 0x1007, 2, "84@1004+8", "84@1004+4 84@1008+4 86@1004+8");
     row("a whole block", 0x1000, 512, "84@1000+512", "86@1000+512");
@@ -207,34 +203,6 @@ void TestGvcpChannel::control()
     QCOMPARE(responder.bytes(Gvcp::ControlChannelPrivilege, 4), free);
 }
 
-void TestGvcpChannel::returnAtAnotherAddress()
-{
-    auto camera = std::make_unique<GvcpResponder>(GvcpResponder::Intercept(), 0x7f000002);
-    const std::uint16_t port = camera->port;
-    // The adapter comes back with another number and another netmask, too.
-    Adapter before = loopback();
-    before.index = 1u << 30;
-    before.netmask = 0xffffffff;
-    GigEInterface interface("GEV::lo", before, port);
-    DeviceRecord record;
-    record.id = "Maker-A model name that fills 32 bytes-S1-001A2B3C4D5E";
-    record.ipAddress = 0x7f000002;
-    const auto link = interface.openLink(record);
-    std::atomic<int> losses{0};
-    std::atomic<int> returns{0};
-    link->setListener([&](bool connected) { ++(connected ? returns : losses); });
-
-    camera.reset();
-    QTRY_COMPARE(int(losses), 1);
-    QCOMPARE(int(returns), 0);
-    camera = std::make_unique<GvcpResponder>(GvcpResponder::Intercept(), INADDR_ANY, port);
-    QTRY_COMPARE(int(returns), 1);
-    char byte = 0;
-    link->port().Read(&byte, 0x1000, 1);
-    link->setListener({});
-    QCOMPARE(int(losses), 1);
-}
-
 void TestGvcpChannel::descriptions_data()
 {
     columns<QByteArray, QByteArray, QByteArray>("urls", "memory", "description"); // null: it fails
@@ -260,8 +228,6 @@ void TestGvcpChannel::descriptions_data()
     row("no archive after all", "Local:a.zip;2000;2", zip, none);
     row("on the web", "http://192.0.2.1/a;2000;53", xml, none);
     row("no length", "Local:a.xml;2000", xml, none);
-    row("nothing long", "Local:a.xml;2000;0", xml, none);
-    row("too long", "Local:a.xml;2000;1000001", xml, none);
     row("number too large", "Local:a.xml;12345678901234567;10", xml, none);
 }
 

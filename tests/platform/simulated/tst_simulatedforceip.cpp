@@ -59,6 +59,12 @@ void TestSimulatedForceIp::refused()
           Pair(0xC0A80A0D, 0x000000FF), Pair(0xC0A80A0D, 0xFFFFFFFF)})
         QCOMPARE(m_info->ForceIP(ip, netmask, 0), MoxCamError::GenTLInvalidParameter);
     QCOMPARE(facts(), QByteArray("172.16.5.12 255.255.255.0 0.0.0.0 1001"));
+    // A camera in use says no, and who does not hear says nothing.
+    for (const auto &[reach, result] : {std::pair(MoxSim::Reach::Busy, MoxCamError::GenTLAccessDenied),
+                                        std::pair(MoxSim::Reach::Undiscovered, MoxCamError::GenTLTimeout)}) {
+        MoxSim::setReach(m_info->GetID(), reach);
+        QCOMPARE(m_info->ForceIP(0xC0A80A37, 0xFFFFFF00, 0), result);
+    }
 }
 
 void TestSimulatedForceIp::givenBack()
