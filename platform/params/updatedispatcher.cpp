@@ -4,6 +4,7 @@
 #include <QThread>
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace MoxSdk {
@@ -17,6 +18,19 @@ bool onGuiThread()
     const QCoreApplication *app = QCoreApplication::instance();
     return !app || app->thread() == QThread::currentThread();
 }
+
+/** All dispatchers there are, for sinks that are destroyed. Never ends, as the last sink may go after everything else. */
+struct Dispatchers
+{
+    std::mutex mutex;
+    std::vector<UpdateDispatcher *> all;
+
+    static Dispatchers &instance()
+    {
+        static auto *dispatchers = new Dispatchers;
+        return *dispatchers;
+    }
+};
 
 /** Nothing that a sink throws makes a write fail that succeeded, or gets into the event loop. */
 void tell(MoxGenParam::ParamEventSink *sink, MoxGenParam::Param *param)
@@ -61,9 +75,18 @@ private:
 };
 
 UpdateDispatcher::UpdateDispatcher(GenApi::INodeMap &nodeMap) : m_nodeMap(&nodeMap)
-{ }
+{
+    Dispatchers &dispatchers = Dispatchers::instance();
+    const std::lock_guard<std::mutex> lock(dispatchers.mutex);
+    dispatchers.all.push_back(this);
+}
 
-UpdateDispatcher::~UpdateDispatcher() = default;
+UpdateDispatcher::~UpdateDispatcher()
+{
+    Dispatchers &dispatchers = Dispatchers::instance();
+    const std::lock_guard<std::mutex> lock(dispatchers.mutex);
+    dispatchers.all.erase(std::find(dispatchers.all.begin(), dispatchers.all.end(), this));
+}
 
 void UpdateDispatcher::subscribe(Param *param, Sink *sink)
 {
@@ -91,6 +114,27 @@ void UpdateDispatcher::unsubscribe(Param *param, Sink *sink)
     m_queue.erase(std::remove_if(m_queue.begin(), m_queue.end(),
                                  [=](const Update &update) { return update.param == param && update.sink == sink; }),
                   m_queue.end());
+}
+
+void UpdateDispatcher::forget(Sink *sink)
+{
+    Dispatchers &dispatchers = Dispatchers::instance();
+    const std::lock_guard<std::mutex> lock(dispatchers.mutex);
+    for (UpdateDispatcher *dispatcher : dispatchers.all)
+        dispatcher->drop(sink);
+}
+
+void UpdateDispatcher::drop(Sink *sink)
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    for (auto entry = m_sinks.begin(); entry != m_sinks.end();) {
+        std::vector<Sink *> &sinks = entry->second;
+        sinks.erase(std::remove(sinks.begin(), sinks.end(), sink), sinks.end());
+        entry = sinks.empty() ? m_sinks.erase(entry) : std::next(entry);
+    }
+    m_queue.erase(
+        std::remove_if(m_queue.begin(), m_queue.end(), [=](const Update &update) { return update.sink == sink; }),
+        m_queue.end());
 }
 
 void UpdateDispatcher::notify(Param *param)
@@ -236,3 +280,8 @@ template<class Function> void UpdateDispatcher::invokeOnGuiThread(Qt::Connection
 }
 
 } // namespace MoxSdk
+
+MoxGenParam::ParamEventSink::~ParamEventSink()
+{
+    MoxSdk::UpdateDispatcher::forget(this);
+}

@@ -39,6 +39,8 @@ public:
     void subscribe(Param *param, Sink *sink);
     /** Also drops the sink's updates that are on their way. */
     void unsubscribe(Param *param, Sink *sink);
+    /** The same for a sink that is destroyed, with all parameters of all arrays. */
+    static void forget(Sink *sink);
 
     /** Tells the sinks of a parameter: at once on the GUI thread, through its event loop from another one. */
     void notify(Param *param);
@@ -59,6 +61,7 @@ private:
     };
     class Activity;
 
+    void drop(Sink *sink);
     std::vector<Sink *> sinksOf(Param *param);
     bool isSubscribed(Param *param, Sink *sink);
     void enqueue(Param *param);

@@ -18,7 +18,9 @@ using Writes = QVector<std::int64_t>;
 /** What all features have in common. */
 struct FakeFeature
 {
-    virtual ~FakeFeature() = default;
+    FakeFeature() { all << this; }
+    virtual ~FakeFeature() { all.removeOne(this); }
+    Q_DISABLE_COPY(FakeFeature)
     /** Tells the sinks. The feature may be deleted meanwhile. */
     virtual void tell() = 0;
     /** As when the camera has changed by itself. */
@@ -41,6 +43,16 @@ struct FakeFeature
     std::int64_t value = 0; // of a command: how often it has run
     Writes writes; // refused ones too
     QVector<MoxGenParam::ParamEventSink *> sinks;
+
+    /** What an SDK does when a sink is destroyed. */
+    static void forget(MoxGenParam::ParamEventSink *sink)
+    {
+        for (FakeFeature *feature : qAsConst(all))
+            feature->sinks.removeAll(sink);
+    }
+
+private:
+    static inline QVector<FakeFeature *> all;
 };
 
 template<class Base, int type> struct FakeFeatureOf : Base, FakeFeature
@@ -55,8 +67,10 @@ template<class Base, int type> struct FakeFeatureOf : Base, FakeFeature
     void tell() override
     {
         const auto told = sinks;
-        for (MoxGenParam::ParamEventSink *sink : told)
-            sink->OnParameterUpdate(this);
+        for (MoxGenParam::ParamEventSink *sink : told) {
+            if (sinks.contains(sink))
+                sink->OnParameterUpdate(this);
+        }
     }
 };
 

@@ -6,6 +6,7 @@
 
 #include <QStringList>
 
+#include <functional>
 #include <map>
 #include <vector>
 
@@ -19,7 +20,8 @@ public:
     std::map<std::string, std::string> texts;
     std::string refused; // fails by this name; a read gives its value nevertheless
     int failingRead = 0; // which integer read from the start fails, counted from 1
-    QStringList calls; // "name" for a read, "name=value" for a write
+    std::map<std::string, std::function<void()>> commands; // what running them does
+    QStringList calls; // "name" for a read, "name=value" for a write, "name()" for a command run by its name
 
     MoxCamErr SetIntegerValue(const char *name, std::int64_t value) override
     {
@@ -50,23 +52,48 @@ public:
         return numbers.count(name) ? &number : nullptr;
     }
     MoxGenParam::Boolean *GetBoolean(const char *, MoxCamErr *) override { return nullptr; }
-    MoxGenParam::Command *GetCommand(const char *, MoxCamErr *) override { return nullptr; }
+    MoxGenParam::Command *GetCommand(const char *name, MoxCamErr *err) override
+    {
+        tell(err, result({}, commands.count(name)));
+        return commands.count(name) ? &command : nullptr;
+    }
     MoxGenParam::Enum *GetEnum(const char *, MoxCamErr *) override { return nullptr; }
     MoxGenParam::String *GetString(const char *, MoxCamErr *) override { return nullptr; }
     GenApi_3_0::INodeMap *GetNodeMap(MoxCamErr *) override { return nullptr; }
-    MoxCamErr ExecuteCommand(const char *) override { return MoxCamError::GenICamUnknownParameter; }
+    MoxCamErr ExecuteCommand(const char *name) override
+    {
+        calls << QString::fromLatin1(name) + QStringLiteral("()");
+        if (commands.count(name))
+            commands[name]();
+        return result(name, commands.count(name));
+    }
 
 private:
-    /** The integer that was looked up last. */
-    struct Number final : public MoxGenParam::Int
+    template<class Base, int type> struct Feature : public Base
     {
-        int GetType() override { return MoxGenParam::TypeInteger; }
+        int GetType() override { return type; }
         const char *GetName() override { return name.c_str(); }
         bool IsAvailable() override { return true; }
         bool IsWritable() override { return true; }
         bool IsReadable() override { return true; }
         void RegisterEventSink(MoxGenParam::ParamEventSink *) override { }
         void UnregisterEventSink(MoxGenParam::ParamEventSink *) override { }
+
+        std::string name;
+
+    protected:
+        ~Feature() = default;
+    };
+
+    /** Any command; it is run by its name. */
+    struct Command final : public Feature<MoxGenParam::Command, MoxGenParam::TypeCommand>
+    {
+        MoxCamErr Execute() override { return MoxCamError::GenICamUnknownParameter; }
+    };
+
+    /** The integer that was looked up last. */
+    struct Number final : public Feature<MoxGenParam::Int, MoxGenParam::TypeInteger>
+    {
         MoxCamErr SetValue(std::int64_t value) override { return params->SetIntegerValue(name.c_str(), value); }
         std::int64_t GetValue(MoxCamErr *err) override { return params->GetIntegerValue(name.c_str(), err); }
         std::int64_t GetMin(MoxCamErr *) override { return INT64_MIN; }
@@ -74,7 +101,6 @@ private:
         std::int64_t GetIncrement(MoxCamErr *) override { return 1; }
 
         FakeParams *params = nullptr;
-        std::string name;
     };
 
     MoxCamErr result(const std::string &name, bool known) const
@@ -89,6 +115,7 @@ private:
             *err = value;
     }
 
+    Command command;
     Number number;
     int reads = 0;
 };

@@ -1,5 +1,7 @@
 #include "fakesdk.h"
 
+#include "fakefeatures.h"
+
 #include <algorithm>
 #include <chrono>
 #include <stdexcept>
@@ -200,4 +202,9 @@ MoxCam::System *MoxCam_GetSystem()
 MoxCam::Device *MoxCam_CreateDevice(MoxCam::DeviceInfo *info, int accessMode, int flags)
 {
     return accessMode == 2 && flags == 0 ? static_cast<MoxTest::FakeDeviceInfo *>(info)->device : nullptr;
+}
+
+MoxGenParam::ParamEventSink::~ParamEventSink()
+{
+    MoxTest::FakeFeature::forget(this);
 }

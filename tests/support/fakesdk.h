@@ -9,6 +9,7 @@
 
 #include <atomic>
 #include <functional>
+#include <map>
 #include <memory>
 #include <mutex>
 #include <optional>
@@ -84,7 +85,10 @@ public:
     int GetType() override { return type; }
     const char *GetID() override { return textOf(id); }
     const char *GetVersion() override { return textOf(version); }
-    void RegisterEventCallback(std::uint32_t, MoxCam::EventCallback, void *) override { }
+    void RegisterEventCallback(std::uint32_t eventId, MoxCam::EventCallback callback, void *context) override
+    {
+        subscriptions.emplace(eventId, [=](const void *data, unsigned long size) { callback(data, size, context); });
+    }
     MoxGenParam::Array *GetParameters(MoxCamErr *err) override;
 
     /** Makes a camera and plugs it in behind those that are there. */
@@ -103,6 +107,7 @@ public:
     std::function<void()> atConnect; // called in the middle of ConnectByIp
     MoxGenParam::Array *parameters = nullptr;
     MoxCamErr parametersError = 0;
+    std::multimap<std::uint32_t, std::function<void(const void *data, unsigned long size)>> subscriptions;
 
 private:
     FakeSystem *const system;

@@ -41,7 +41,8 @@ public:
     virtual void OnParameterUpdate(Param *param) = 0;
 
 protected:
-    ~ParamEventSink() = default;
+    /** The open SDK takes a sink that is destroyed off every parameter. To be destroyed on the GUI thread. */
+    ~ParamEventSink();
 };
 
 /** What all parameters answer. */
@@ -54,7 +55,7 @@ public:
     virtual bool IsAvailable() = 0;
     virtual bool IsWritable() = 0;
     virtual bool IsReadable() = 0;
-    /** Subscribes a sink, which must outlive the subscription or the device. */
+    /** Subscribes a sink. With an SDK that does not hear of its end, it must outlive the subscription or the device. */
     virtual void RegisterEventSink(ParamEventSink *sink) = 0;
     /**
      * Harmless when the sink is not subscribed. To be called on the GUI thread: there the sink is free to go afterwards,
