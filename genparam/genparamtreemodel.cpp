@@ -81,7 +81,11 @@ void GenParamTreeModelPrivate::Init(GenParamTreeModel *model)
     // For dataChanged() through a queued connection, when another thread writes to the node map.
     qRegisterMetaType<QVector<int>>("QVector<int>");
     q_ptr = model;
-    RegisterCallbackForChildren(nodeMap ? dynamic_cast<ICategory *>(nodeMap->GetNode("Root")) : nullptr, nullptr);
+    if (!nodeMap)
+        return;
+    // The callbacks of the first nodes must not look for records, on another thread, while those of the last are made.
+    const AutoLock lock(nodeMap->GetLock());
+    RegisterCallbackForChildren(dynamic_cast<ICategory *>(nodeMap->GetNode("Root")), nullptr);
     if (childLists.empty())
         return;
     rootChildren = childLists.front().data();

@@ -25,8 +25,8 @@ struct IndexFeature
 /**
  * The tree's records and how nodes are shown and written.
  *
- * The internal pointer of an index is a record of `features`. Built once in init; constant from then on, so callbacks on
- * any thread may look nodes up without a lock. Owned by the model.
+ * The internal pointer of an index is a record of `features`. Built once, in Init and under the node map's lock;
+ * constant from then on, so callbacks on any thread may look nodes up without a lock of their own. Owned by the model.
  */
 class GenParamTreeModelPrivate
 {

@@ -59,11 +59,16 @@ void GenParamTreeVisibilityFilterProxyModel::enterChange(const QModelIndex &chan
     if (depth > 0) {
         const QModelIndex row = changed.sibling(changed.row(), 0);
         heldRow = {}; // while the base class may have to test it for the first time
-        heldRowIsShown = mapFromSource(row).isValid();
+        heldRowIsShown = isShown(row);
         heldRow = row;
         refilterLater();
     }
     ++depth;
+}
+
+bool GenParamTreeVisibilityFilterProxyModel::isShown(const QModelIndex &sourceRow) const
+{
+    return !sourceRow.isValid() || (isShown(sourceRow.parent()) && mapFromSource(sourceRow).isValid());
 }
 
 bool GenParamTreeVisibilityFilterProxyModel::filterAcceptsRow(int sourceRow, const QModelIndex &sourceParent) const
@@ -82,13 +87,9 @@ bool GenParamTreeVisibilityFilterProxyModel::filterAcceptsRow(int sourceRow, con
             return false;
         if (node->GetPrincipalInterfaceType() == GenApi::intfICategory || regExp.isEmpty())
             return true;
-        return matches(QString::fromUtf8(node->GetDisplayName().c_str()));
+        const QString name = QString::fromUtf8(node->GetDisplayName().c_str());
+        return wholeWords ? regExp.exactMatch(name) : regExp.indexIn(name) != -1;
     } catch (const GenICam::GenericException &) {
         return false;
     }
-}
-
-bool GenParamTreeVisibilityFilterProxyModel::matches(const QString &name) const
-{
-    return wholeWords ? regExp.exactMatch(name) : regExp.indexIn(name) != -1;
 }

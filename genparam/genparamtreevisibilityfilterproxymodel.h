@@ -26,6 +26,12 @@ public:
 
     void setSourceModel(QAbstractItemModel *sourceModel) override;
 
+    /**
+     * Tests all rows afresh, as rows that go and come. What the base class has under this name keeps the rows below a
+     * hidden parent if a view remembers one of them, and writes out of bounds when one of those changes.
+     */
+    void invalidate() { refilter(); }
+
     // Call invalidate() after a change of these.
     int visibility = 0; // highest GenApi level shown
     QRegExp regExp; // of the display name; an empty pattern lets all names pass
@@ -42,7 +48,11 @@ private:
     void refilter();
     void refilterLater();
     void enterChange(const QModelIndex &changed);
-    bool matches(const QString &name) const;
+    /**
+     * Asks from the top: mapping a row makes the base class keep rows below its parent, and it loses count of those when
+     * one of them goes while the parent is hidden.
+     */
+    bool isShown(const QModelIndex &sourceRow) const;
 
     int depth = 0; // of refilter() and changes of the source that are under way, one inside of another
     QModelIndex heldRow; // of the source: changes inside of another change

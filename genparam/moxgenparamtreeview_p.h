@@ -12,8 +12,6 @@
 QT_BEGIN_NAMESPACE
 class QAction;
 class QCheckBox;
-class QIcon;
-class QModelIndex;
 class QSplitter;
 class QTimer;
 class QWidget;

@@ -44,6 +44,13 @@ std::optional<int> leadingNumber(const std::string &text)
     }
 }
 
+/** Whether bytes begin as a splitter's state does. QSplitter takes memory for as many panes as they tell, any number. */
+bool isStateOf(const QSplitter &splitter, const QByteArray &bytes)
+{
+    constexpr int headSize = 12; // mark, version, number of panes
+    return bytes.left(headSize) == splitter.saveState().left(headSize);
+}
+
 } // namespace
 
 std::string MoxGenParamTreeViewPrivate::saveState(const QModelIndex &index, const std::string &delimiter) const
@@ -113,9 +120,11 @@ void MoxGenParamTreeView::loadState(const char *state)
     const std::string level = section(text, visibilityMark);
     if (!level.empty()) // a level that does not exist hides every row until the user chooses one
         d->ui->cbVisibility->setCurrentIndex(leadingNumber(level).value_or(0));
-    const std::string place = section(text, splitterMark);
-    if (!place.empty())
-        d->splitter->restoreState(QByteArray::fromHex(QByteArray::fromStdString(place)));
+    const QByteArray places = QByteArray::fromHex(QByteArray::fromStdString(section(text, splitterMark)));
+    if (isStateOf(*d->splitter, places)) {
+        d->splitter->restoreState(places);
+        d->splitter->setHandleWidth(-1); // the style's; that of the text may be wider than any window
+    }
 }
 
 } // namespace MoxGui

@@ -1,14 +1,11 @@
 // Editors in a tree on the screen, with keys and clicks.
-#include "genparamdelegate.h"
 #include "testmain.h"
 #include "treescene.h"
 
+#include <QAbstractSpinBox>
 #include <QComboBox>
-#include <QDoubleSpinBox>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QSignalSpy>
-#include <QStandardItemModel>
 
 using namespace GenApi;
 using namespace MoxTest;
@@ -34,19 +31,18 @@ private Q_SLOTS:
         QTest::addColumn<QString>("text");
         QTest::addColumn<QString>("way");
         QTest::addColumn<QString>("expected");
+        const auto row = [](const char *name, const char *text, const char *way, const char *expected) {
+            QTest::addRow("%s by %s", name, way)
+                << QByteArray(name) << QString::fromUtf8(text) << QString::fromUtf8(way) << QString::fromUtf8(expected);
+        };
         for (const char *way : {"return", "click", "tab", "filter field"}) {
-            const auto row = [way](const char *name, const char *text, const char *expected) {
-                QTest::addRow("%s by %s", name, way) << QByteArray(name) << QString::fromUtf8(text)
-                                                     << QString::fromUtf8(way) << QString::fromUtf8(expected);
-            };
-            row("Width", "42", "42");
-            row("User", "a b", "a b");
-            row("GevSCDA", "10.1.2.3", "10.1.2.3");
-            row("GevMACAddress", "171", "00:00:00:00:00:AB");
+            row("Width", "42", way, "42");
+            row("User", "a b", way, "a b");
+            row("GevSCDA", "10.1.2.3", way, "10.1.2.3");
+            row("GevMACAddress", "171", way, "00:00:00:00:00:AB");
         }
-        QTest::newRow("escape") << QByteArray("User") << QStringLiteral("x") << QStringLiteral("escape") << QString();
-        QTest::newRow("no address") << QByteArray("GevSCDA") << QStringLiteral("10.") << QStringLiteral("click")
-                                    << QStringLiteral("0.0.0.0");
+        row("User", "x", "escape", nullptr);
+        row("GevSCDA", "10.", "click away", "0.0.0.0");
     }
 
     void typing()
@@ -54,68 +50,44 @@ private Q_SLOTS:
         QFETCH(QByteArray, name);
         QFETCH(QString, text);
         QFETCH(QString, way);
-        auto &node = *dynamic_cast<FakeNode *>(scene->map.GetNode(name.constData()));
         edit(name);
         QWidget *editor = openEditor(*view);
         QMetaObject::invokeMethod(editor, "selectAll");
+        clickAt(editor, {5, 5}); // inside it does no harm
+        QMetaObject::invokeMethod(editor, "selectAll");
         QTest::keyClicks(editor, text);
-        QCOMPARE(node.accesses[Access::Write], 0);
-        if (way == QLatin1String("return"))
-            QTest::keyClick(editor, Qt::Key_Return);
-        else if (way == QLatin1String("escape"))
-            QTest::keyClick(editor, Qt::Key_Escape);
-        else if (way == QLatin1String("tab"))
-            QTest::keyClick(editor, Qt::Key_Tab);
-        else if (way == QLatin1String("click"))
-            clickCell(*view, valueOf(*view, "Other").sibling(valueOf(*view, "Other").row(), 0));
-        else
+        QCOMPARE(writesTo(name), 0);
+        const QMap<QString, Qt::Key> keys{{QStringLiteral("return"), Qt::Key_Return},
+                                          {QStringLiteral("escape"), Qt::Key_Escape},
+                                          {QStringLiteral("tab"), Qt::Key_Tab}};
+        if (keys.contains(way))
+            QTest::keyClick(editor, keys[way]);
+        else if (way == QLatin1String("filter field"))
             clickAt(view->findChild<QLineEdit *>(QStringLiteral("filterLineEdit")), {60, 10});
+        else
+            clickCell(*view, valueOf(*view, "Other").sibling(valueOf(*view, "Other").row(), 0));
         QTRY_VERIFY(openEditor(*view) != editor);
         QTEST(valueText(name), "expected");
-        QCOMPARE(node.accesses[Access::Write], way == QLatin1String("escape") || text == QLatin1String("10.") ? 0 : 1);
+        QCOMPARE(writesTo(name), way == QLatin1String("escape") || way == QLatin1String("click away") ? 0 : 1);
         // The click that ends the edit still selects.
         if (way == QLatin1String("click"))
             QCOMPARE(view->treeView()->currentIndex().row(), valueOf(*view, "Other").row());
     }
 
-    void clickInside()
-    {
-        edit("User");
-        auto *editor = openEditor<QLineEdit>(*view);
-        clickAt(editor, {5, 5});
-        clickAt(editor, {9, 5});
-        QCOMPARE(openEditor(*view), editor);
-        QVERIFY(editor->hasFocus());
-        editor->setText(QStringLiteral("a"));
-        clickAt(view->treeView()->viewport(), QPoint(5, view->treeView()->viewport()->height() - 5));
-        QCOMPARE(scene->user.value, gcstring("a"));
-        QVERIFY(!openEditor(*view));
-    }
-
-    void choosing_data()
-    {
-        QTest::addColumn<QByteArray>("name");
-        QTest::addColumn<QString>("expected");
-        QTest::newRow("boolean") << QByteArray("Reverse") << QStringLiteral("True");
-        QTest::newRow("enumeration") << QByteArray("Mode") << QStringLiteral("On");
-        QTest::newRow("list") << QByteArray("Binning") << QStringLiteral("2");
-    }
-
     void choosing()
     {
-        QFETCH(QByteArray, name);
-        QFETCH(QString, expected);
-        auto &node = *dynamic_cast<FakeNode *>(scene->map.GetNode(name.constData()));
-        const QString before = valueText(name);
-        edit(name);
-        auto *combo = openEditor<QComboBox>(*view);
-        QCOMPARE(combo->currentText(), before);
-        combo->setCurrentIndex(combo->currentIndex()); // no change, no commit
-        QCOMPARE(openEditor(*view), combo);
-        QTest::keyClick(combo, name == "Reverse" ? Qt::Key_Up : Qt::Key_Down);
-        QCOMPARE(node.accesses[Access::Write], 1);
-        QVERIFY(!openEditor(*view));
-        QCOMPARE(valueText(name), expected);
+        for (const auto &[name, expected] : {std::make_pair("Reverse", "False"), {"Mode", "On"}, {"Binning", "2"}}) {
+            if (name == QByteArray("Reverse"))
+                scene->reverse.value = true;
+            edit(name);
+            auto *combo = openEditor<QComboBox>(*view);
+            combo->setCurrentIndex(combo->currentIndex()); // no change, no commit
+            QCOMPARE(openEditor(*view), combo);
+            QTest::keyClick(combo, Qt::Key_Down);
+            QCOMPARE(writesTo(name), 1);
+            QVERIFY(!openEditor(*view));
+            QCOMPARE(valueText(name), QLatin1String(expected));
+        }
     }
 
     void commands()
@@ -125,7 +97,6 @@ private Q_SLOTS:
         for (int clicks : {1, 2}) {
             clickAt(button, {20, 10});
             QCOMPARE(scene->start.executions, clicks);
-            QVERIFY(!button->isWindowModified());
             QCOMPARE(openEditor(*view), button);
         }
         clickCell(*view, valueOf(*view, "Other"));
@@ -133,40 +104,32 @@ private Q_SLOTS:
         QCOMPARE(openEditor<QPushButton>(*view), nullptr);
     }
 
-    void arrivals_data()
-    {
-        QTest::addColumn<QByteArray>("name");
-        QTest::addColumn<QString>("value");
-        QTest::addColumn<QString>("shown"); // by the editor; of a closed one nothing
-        QTest::addColumn<int>("writes"); // that the arrival causes
-        QTest::newRow("integer") << QByteArray("Width") << QStringLiteral("7") << QStringLiteral("7") << 0;
-        QTest::newRow("string") << QByteArray("User") << QStringLiteral("b") << QStringLiteral("b") << 0;
-        QTest::newRow("address") << QByteArray("GevSCDA") << QStringLiteral("16909060") << QStringLiteral("1.2.3.4")
-                                 << 0;
-        QTest::newRow("MAC address") << QByteArray("GevMACAddress") << QStringLiteral("5") << QStringLiteral("0") << 0;
-        // A combo box commits what it is changed to, also when the device changes it.
-        QTest::newRow("boolean") << QByteArray("Reverse") << QStringLiteral("true") << QString() << 1;
-        QTest::newRow("enumeration") << QByteArray("Mode") << QStringLiteral("On") << QString() << 1;
-        QTest::newRow("list") << QByteArray("Binning") << QStringLiteral("4") << QString() << 1;
-        QTest::newRow("command") << QByteArray("Start") << QString() << QStringLiteral("Execute") << 0;
-    }
-
     void arrivals()
     {
-        QFETCH(QByteArray, name);
-        QFETCH(QString, value);
-        auto &node = *dynamic_cast<FakeNode *>(scene->map.GetNode(name.constData()));
-        edit(name);
-        if (name == "Start")
-            node.changed();
-        else
-            node.FromString(value.toUtf8().constData(), true);
-        QWidget *editor = openEditor(*view);
-        const auto *spinBox = qobject_cast<QAbstractSpinBox *>(editor);
-        QTEST(spinBox ? spinBox->text() : editor ? editor->property("text").toString() : QString(), "shown");
-        QFETCH(int, writes);
-        QCOMPARE(node.accesses[Access::Write], (name == "Start" ? 0 : 1) + writes);
-        QCOMPARE(bool(editor), writes == 0);
+        struct Arrival
+        {
+            const char *name;
+            const char *value;
+            const char *shown; // by the editor; null where the arrival ends the edit
+        };
+        // A combo box commits what it is changed to, also when the device changes it.
+        for (const Arrival &arrival : {Arrival{"Width", "7", "7"},
+                                       {"User", "b", "b"},
+                                       {"GevSCDA", "16909060", "1.2.3.4"},
+                                       {"GevMACAddress", "5", "0"},
+                                       {"Reverse", "true", nullptr},
+                                       {"Mode", "On", nullptr},
+                                       {"Binning", "4", nullptr}}) {
+            edit(arrival.name);
+            const int before = writesTo(arrival.name);
+            node(arrival.name).FromString(arrival.value, true);
+            QWidget *editor = openEditor(*view);
+            QCOMPARE(bool(editor), bool(arrival.shown));
+            const auto *spinBox = qobject_cast<QAbstractSpinBox *>(editor);
+            if (editor)
+                QCOMPARE(spinBox ? spinBox->text() : editor->property("text").toString(), QLatin1String(arrival.shown));
+            QCOMPARE(writesTo(arrival.name), before + (editor ? 1 : 2));
+        }
     }
 
     void withoutControl()
@@ -174,29 +137,14 @@ private Q_SLOTS:
         edit("Blob"); // a register has no control of its own
         QTest::keyClicks(openEditor(*view), QStringLiteral("1"));
         clickCell(*view, valueOf(*view, "Start"));
-        QCOMPARE(scene->blob.accesses[Access::Write], 0);
-        QVERIFY(!view->treeView()->model()->setData(valueOf(*view, "Blob"), 1));
+        QCOMPARE(writesTo("Blob"), 0);
         // An entry that is not in the list leaves the box empty, and leaving an empty box writes nothing.
         scene->mode.value = 9;
         edit("Mode");
         QCOMPARE(openEditor<QComboBox>(*view)->currentIndex(), -1);
         clickCell(*view, valueOf(*view, "Other"));
         QCOMPARE(openEditor<QComboBox>(*view), nullptr);
-        QCOMPARE(scene->mode.accesses[Access::Write], 0);
-    }
-
-    void doubles()
-    {
-        const GenParamDelegate delegate(nullptr);
-        QStandardItemModel items(1, 1);
-        const QModelIndex index = items.index(0, 0);
-        items.setData(index, 1.5, Qt::EditRole);
-        QDoubleSpinBox box;
-        delegate.setEditorData(&box, index);
-        QCOMPARE(box.value(), 1.5);
-        box.setValue(2.25);
-        delegate.setModelData(&box, &items, index);
-        QCOMPARE(index.data(Qt::EditRole), QVariant(2.25));
+        QCOMPARE(writesTo("Mode"), 0);
     }
 
 private:
@@ -206,6 +154,8 @@ private:
         QVERIFY(openEditor(*view));
         QCOMPARE(openEditor(*view)->geometry(), view->treeView()->visualRect(valueOf(*view, name)));
     }
+    FakeNode &node(const char *name) { return *dynamic_cast<FakeNode *>(scene->map.GetNode(name)); }
+    int writesTo(const char *name) { return node(name).accesses[Access::Write]; }
     QString valueText(const char *name) { return valueOf(*view, name).data().toString(); }
 
     std::unique_ptr<FeatureScene> scene;
