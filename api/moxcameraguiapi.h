@@ -56,6 +56,20 @@ MOXGUI_EXPORT MoxCam::DeviceInfo *SelectCameraW(MoxCam::System *system, const wc
                                                 bool poll);
 
 /**
+ * Shows the action command console over @p system and returns at once; the window is not modal. A process has one console:
+ * the first call makes it, over its @p system and @p parent, and later calls show it again under their @p title, whatever
+ * else they say. Closing it hides it only. It lives to the end of the process, so never delete it; a call after that
+ * would still use it. When the first call throws, the next one starts anew.
+ *
+ * @p system must not be null and must live as long as the console is used. @p parent is a native window handle, or 0 for
+ * none. Its window is taken into a hidden widget of this process, as SelectCameraA does, and let go of before the call
+ * returns; the widget stays as the console's parent.
+ */
+MOXGUI_EXPORT void ActionCameraA(MoxCam::System *system, const char *title, unsigned long parent);
+/** As ActionCameraA, with a wide title. */
+MOXGUI_EXPORT void ActionCameraW(MoxCam::System *system, const wchar_t *title, unsigned long parent);
+
+/**
  * Opens a parameter tree window over the node map of @p params and returns at once; the window is not modal.
  *
  * @p params must not be null. It must outlive the window, or be taken from it before, as MoxGui::IMoxGenParamTreeView in

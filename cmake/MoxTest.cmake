@@ -19,6 +19,7 @@ function(mox_add_test name)
     list(APPEND environment "LC_ALL=C.UTF-8" "QT_LOGGING_RULES=" "XDG_CONFIG_HOME=${CMAKE_CURRENT_BINARY_DIR}/${name}.config"
          "QT_XCB_GL_INTEGRATION=none" # the X11 tests have no use for a GL driver
          "LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/support/lsan.supp"
+         "TSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/support/tsan.supp"
          "UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1")
     # Full stacks tell whether a leak is that of a library under the windows; they are too slow for the rest.
     if("${arg_LIBRARIES}" MATCHES "Gui|Demo")

@@ -27,22 +27,18 @@ bool GvcpAction::send(const Adapter &adapter, std::uint16_t port, const Action &
     if (!m_bound)
         return false;
     const std::uint16_t id = Gvcp::nextRequestId();
-    if (action.acknowledged)
-        expect(id, action.awaited);
     // One datagram to one broadcast address, never repeated: a camera that hears a command twice might act twice, and
     // the general broadcast would reach the subnets of the adapter's other addresses, which are interfaces themselves.
-    if (m_socket.sendThrough(adapter, adapter.broadcast(), port, Gvcp::actionCommand(id, action)))
+    if (!m_socket.sendThrough(adapter, adapter.broadcast(), port, Gvcp::actionCommand(id, action)))
+        return false;
+    if (!action.acknowledged)
         return true;
-    close(id);
-    return false;
-}
-
-void GvcpAction::expect(std::uint16_t id, std::uint32_t awaited)
-{
-    m_open.push_back({id, awaited, Clock::now() + m_answerTime, {}});
+    // No answer is handled before: the lock is held.
+    m_open.push_back({id, action.awaited, Clock::now() + m_answerTime, {}});
     if (!m_thread.joinable())
         m_thread = std::thread([this] { listen(); });
     m_changed.notify_one();
+    return true;
 }
 
 void GvcpAction::listen()
@@ -66,7 +62,7 @@ void GvcpAction::listen()
 void GvcpAction::handle(const UdpSocket::Datagram &datagram)
 {
     const auto acknowledge = Gvcp::parseAcknowledge(datagram.bytes);
-    // A refusal says that the camera does not act.
+    // With another status the camera does not act, or too late for its time.
     if (!acknowledge || acknowledge->answer != Gvcp::ActionAck || acknowledge->status != Gvcp::Success)
         return;
     const auto open =
@@ -76,12 +72,6 @@ void GvcpAction::handle(const UdpSocket::Datagram &datagram)
     m_listener(datagram.source, open->id);
     if (open->obeyed.size() == open->awaited)
         m_open.erase(open);
-}
-
-void GvcpAction::close(std::uint16_t id)
-{
-    m_open.erase(std::remove_if(m_open.begin(), m_open.end(), [id](const Open &open) { return open.id == id; }),
-                 m_open.end());
 }
 
 } // namespace MoxSdk

@@ -45,10 +45,8 @@ private:
         std::set<std::uint32_t> obeyed;
     };
 
-    void expect(std::uint16_t id, std::uint32_t awaited);
     void listen();
     void handle(const UdpSocket::Datagram &datagram);
-    void close(std::uint16_t id);
 
     const Listener m_listener;
     const std::chrono::milliseconds m_answerTime;

@@ -14,10 +14,9 @@ bool Actions::commanded(const Action &action)
         actions |= unsigned(isMeant(number, action)) << number;
     if (actions == 0)
         return false;
-    // What comes too late for its time is done at once.
     if (!action.time || *action.time <= timestamp()) {
         perform(actions);
-        return true;
+        return !action.time; // what comes too late for its time is done at once, but is no success
     }
     if (m_scheduled.size() >= std::size_t(m_registers.integer("ActionQueueSizeReg")))
         return false;

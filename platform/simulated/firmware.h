@@ -28,7 +28,7 @@ public:
     virtual void powerUp(std::chrono::nanoseconds) { }
     /** Runs for each bank of a register that a host wrote, before anything is derived from it. */
     virtual void written(const std::string &, int, std::chrono::nanoseconds) { }
-    /** Takes part in an action; true when it is the camera's to do, now or at its time. */
+    /** Takes part in an action; true when the camera does as it is told, now or at its time. */
     virtual bool commanded(const Action &) { return false; }
     /** Runs when a user set has replaced the settings. */
     virtual void settingsReplaced(std::chrono::nanoseconds) { }
@@ -56,7 +56,7 @@ public:
     /** Throws what the camera answers to a write that it does not take; nothing is written then. */
     void write(const std::uint8_t *bytes, std::int64_t address, std::int64_t length);
 
-    /** Whether the camera does its part in an action. */
+    /** Whether the camera does its part in an action, and in time. */
     bool act(const Action &action);
 
     /** For identity, addresses and link, which come from outside and which a reset keeps. */

@@ -8,6 +8,7 @@
 #include <QThread>
 
 #include <mutex>
+#include <string>
 
 namespace MoxTest {
 
@@ -23,7 +24,7 @@ public:
     QByteArray data()
     {
         const std::lock_guard<std::mutex> lock(m_mutex);
-        return m_data;
+        return QByteArray::fromStdString(m_data); // a copy of its own
     }
 
 private:
@@ -33,12 +34,12 @@ private:
         const std::lock_guard<std::mutex> lock(events.m_mutex);
         if (QThread::currentThread() == events.m_creator)
             events.m_data += "on the creator's thread: ";
-        events.m_data += QByteArray(static_cast<const char *>(data), int(size)).toHex() + ' ';
+        events.m_data += QByteArray(static_cast<const char *>(data), int(size)).toHex().toStdString() + ' ';
     }
 
     QThread *const m_creator = QThread::currentThread();
     std::mutex m_mutex;
-    QByteArray m_data;
+    std::string m_data;
 };
 
 } // namespace MoxTest
