@@ -3,91 +3,19 @@
 //   bench_genapi                  synthetic descriptions of 200, 2000 and 20000 features, with the growth between them
 //   bench_genapi <description>    one description file over a port that answers zeros
 #include "genapi/nodemapfactory.h"
+#include "syntheticdevice.h"
 
-#include <algorithm>
 #include <chrono>
 #include <cstdio>
-#include <cstring>
 #include <fstream>
 #include <functional>
 #include <sstream>
 #include <string>
-#include <unordered_map>
 
 using namespace GenApi;
+using namespace MoxBench;
 
 namespace {
-
-class CountingPort : public IPort
-{
-public:
-    EAccessMode GetAccessMode() const override { return RW; }
-    void Read(void *buffer, std::int64_t address, std::int64_t length) override
-    {
-        ++accesses;
-        auto *bytes = static_cast<unsigned char *>(buffer);
-        for (std::int64_t i = 0; i < length; ++i) {
-            const auto found = m_memory.find(address + i);
-            bytes[i] = found == m_memory.end() ? 0 : found->second;
-        }
-    }
-    void Write(const void *buffer, std::int64_t address, std::int64_t length) override
-    {
-        ++accesses;
-        for (std::int64_t i = 0; i < length; ++i)
-            m_memory[address + i] = static_cast<const unsigned char *>(buffer)[i];
-    }
-
-    long accesses = 0;
-
-private:
-    std::unordered_map<std::int64_t, unsigned char> m_memory;
-};
-
-// Ten features a category; an integer with a maximum that another register holds, a float through a converter, an
-// enumeration, a boolean on one bit, in turn; every tenth one is polled.
-std::string syntheticDescription(int features)
-{
-    std::ostringstream xml;
-    xml << "<RegisterDescription><Category Name=\"Root\">";
-    for (int group = 0; group < features / 10; ++group)
-        xml << "<pFeature>Group" << group << "</pFeature>";
-    xml << "</Category><Port Name=\"Device\"/>";
-    for (int i = 0; i < features; ++i) {
-        if (i % 10 == 0) {
-            xml << "<Category Name=\"Group" << i / 10 << "\">";
-            for (int j = i; j < std::min(i + 10, features); ++j)
-                xml << "<pFeature>F" << j << "</pFeature>";
-            xml << "</Category>";
-        }
-        const std::string head = "Name=\"F" + std::to_string(i) + "\"><ToolTip>tip</ToolTip><DisplayName>Feature "
-            + std::to_string(i) + "</DisplayName>";
-        const std::string value = "<pValue>R" + std::to_string(i) + "</pValue>";
-        switch (i % 4) {
-        case 0:
-            xml << "<Integer " << head << value << "<pMax>M" << i << "</pMax></Integer><IntReg Name=\"M" << i
-                << "\"><Address>" << 0x100000 + 8 * i
-                << "</Address><Length>4</Length><AccessMode>RO</AccessMode><pPort>Device</pPort></IntReg>";
-            break;
-        case 1:
-            xml << "<Float " << head << "<pValue>C" << i << "</pValue></Float><Converter Name=\"C" << i
-                << "\"><FormulaTo>FROM*100</FormulaTo><FormulaFrom>TO/100</FormulaFrom>" << value << "</Converter>";
-            break;
-        case 2:
-            xml << "<Enumeration " << head << "<EnumEntry Name=\"Off\"><Value>0</Value></EnumEntry>"
-                << "<EnumEntry Name=\"On\"><Value>1</Value></EnumEntry>" << value << "</Enumeration>";
-            break;
-        default:
-            xml << "<Boolean " << head << value << "</Boolean>";
-        }
-        xml << "<MaskedIntReg Name=\"R" << i << "\"><Address>" << 8 * i
-            << "</Address><Length>4</Length><AccessMode>RW</AccessMode><pPort>Device</pPort>"
-            << (i % 10 ? "" : "<PollingTime>1000</PollingTime>") << "<LSB>0</LSB><MSB>" << (i % 4 == 3 ? 0 : 15)
-            << "</MSB></MaskedIntReg>";
-    }
-    xml << "</RegisterDescription>";
-    return xml.str();
-}
 
 int features = 0;
 
