@@ -23,14 +23,18 @@ class MoxCamConfigPrivate;
  *
  * The window follows its camera through unplugging and replugging by itself, at most a second later. On a camera with
  * frames A and B it selects the other frame and goes back, to read its figures: when it takes up the camera, and when
- * the frame mode becomes one that is neither A nor B.
+ * the frame mode becomes one that is neither A nor B. Its dialogs, which it makes at once, do what their classes tell.
  *
  * A device given from outside stays the caller's. It must be valid until the window has let go of it: until SetDevice()
  * has given the window another one or null, the user has disconnected, or the window is gone. A device that the user
  * selected here belongs to the window, which releases it.
  *
- * It may be deleted at any time on the GUI thread, also while its camera selector is open. Needs a QApplication. All of
- * it is used on the GUI thread.
+ * The window ends its own subscriptions when it lets go of a device, the dialogs never end theirs: a device before must
+ * send no parameter updates any more once there is another one. After the window is deleted the open SDK sees to that by
+ * itself; with another SDK the application releases every device that it has given, or keeps it from sending updates.
+ *
+ * It may be deleted at any time on the GUI thread, also while its camera selector or a message box is open. Needs a
+ * QApplication. All of it is used on the GUI thread, where the device must send its parameter updates too.
  */
 class MOXGUI_EXPORT MoxCamConfig : public QMainWindow
 {
@@ -39,14 +43,15 @@ class MOXGUI_EXPORT MoxCamConfig : public QMainWindow
 public:
     /**
      * Takes up @p device. With a null @p device the user selects one first, in a modal dialog, which is skipped when the
-     * SDK has no camera system; cancelling it gives a window without a camera. Whoever deletes @p parent, which may be
-     * null, while that dialog is open deletes this window with it: the constructor still returns then.
+     * SDK has no camera system; cancelling it gives a window without a camera. A message box comes up here when the
+     * camera refuses the choice of a frame. Whoever deletes @p parent, which may be null, while one of them is open
+     * deletes this window with it: the constructor still returns then.
      *
      * With empty @p flags the window has no maximize button. Its size is that of its contents in any case. What the
      * camera selector throws passes through.
      */
     explicit MoxCamConfig(MoxCam::Device *device, QWidget *parent = nullptr, Qt::WindowFlags flags = Qt::WindowFlags());
-    /** Ends all subscriptions, and releases the device if it is the window's own. */
+    /** Lets go of the device, and releases it if it is the window's own. */
     ~MoxCamConfig() override;
 
     /**

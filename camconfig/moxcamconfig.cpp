@@ -1,6 +1,13 @@
 #include "moxcamconfig.h"
 
+#include "deviceparams.h"
 #include "moxcamconfig_p.h"
+#include "moxcamconfigcolordialog.h"
+#include "moxcamconfigframeabdialog.h"
+#include "moxcamconfigoutputdialog.h"
+#include "moxcamconfigpulsedialog.h"
+#include "moxcamconfigstrobedialog.h"
+#include "moxcamconfigtriggerdialog.h"
 #include "moxcameraselectordialog.h"
 
 #include "ui_moxcamconfigaboutdialog.h"
@@ -38,19 +45,20 @@ bool MoxCamConfigPrivate::init(MoxCamConfig *window, MoxCam::Device *newDevice)
 
     device = newDevice;
     if (!initialized) {
-        buildWindow();
+        if (!buildWindow())
+            return false;
         initialized = true;
     }
-    MoxCamErr err = MoxCamError::Success;
-    params = device ? device->GetCameraParameters(&err) : nullptr;
-    if (params && err == MoxCamError::Success)
+    params = paramsOf(device);
+    if (params)
         getNeededParams();
     else
         forgetParams();
     q->setEnabled(true);
     mapper.clearMappings();
     timer->start(1000);
-    doLastAdjustment();
+    if (!doLastAdjustment())
+        return false;
     if (device) {
         // Undone first, so that there is one subscription however often a device is taken up.
         device->UnregisterEvent(MoxCam::EventDeviceDisconnected, &CameraDisconnectCallback, this);
@@ -61,9 +69,10 @@ bool MoxCamConfigPrivate::init(MoxCamConfig *window, MoxCam::Device *newDevice)
     return true;
 }
 
-void MoxCamConfigPrivate::buildWindow()
+bool MoxCamConfigPrivate::buildWindow()
 {
-    createDialogs();
+    if (!createDialogs())
+        return false;
 
     // The units in which the camera counts, whatever the form says.
     const QString seconds = QStringLiteral("%1s").arg(QChar(0x03BC));
@@ -97,18 +106,17 @@ void MoxCamConfigPrivate::buildWindow()
 
     timer = new QTimer(q);
     QObject::connect(timer, &QTimer::timeout, q, [this] { tick(); });
+    return true;
 }
 
-void MoxCamConfigPrivate::createDialogs()
+bool MoxCamConfigPrivate::createDialogs()
 {
-    functions = {{
-        {ui->pushBtnFrameAB, ui->actionFrame_A_B},
-        {ui->pushBtnTrigger, ui->actionTrigger},
-        {ui->pushBtnPulse, ui->actionPulse},
-        {ui->pushBtnStrobe, ui->actionStrobe},
-        {ui->pushBtnDataOut, ui->actionData_Out},
-        {ui->pushBtnColor, ui->actionColor},
-    }};
+    return makeFunction<MoxCamConfigFrameABDialog>(0, ui->pushBtnFrameAB, ui->actionFrame_A_B)
+        && makeFunction<MoxCamConfigTriggerDialog>(1, ui->pushBtnTrigger, ui->actionTrigger)
+        && makeFunction<MoxCamConfigPulseDialog>(2, ui->pushBtnPulse, ui->actionPulse)
+        && makeFunction<MoxCamConfigStrobeDialog>(3, ui->pushBtnStrobe, ui->actionStrobe)
+        && makeFunction<MoxCamConfigOutputDialog>(4, ui->pushBtnDataOut, ui->actionData_Out)
+        && makeFunction<MoxCamConfigColorDialog>(5, ui->pushBtnColor, ui->actionColor);
 }
 
 void MoxCamConfigPrivate::adjustViewMenuActions()
@@ -116,7 +124,7 @@ void MoxCamConfigPrivate::adjustViewMenuActions()
     for (const Function &function : functions) {
         QObject::connect(function.action, &QAction::triggered, q, [&function](bool checked) {
             function.button->setVisible(checked);
-            if (!checked && function.dialog)
+            if (!checked)
                 function.dialog->close();
         });
     }
@@ -125,16 +133,12 @@ void MoxCamConfigPrivate::adjustViewMenuActions()
 void MoxCamConfigPrivate::initButtons()
 {
     for (const Function &function : functions) {
-        // There is nothing to open without a dialog.
-        function.button->setEnabled(function.dialog);
-        if (function.dialog) {
-            QObject::connect(function.button, &QAbstractButton::toggled, function.dialog, [&function](bool checked) {
-                if (checked)
-                    function.dialog->show();
-                else
-                    function.dialog->close();
-            });
-        }
+        QObject::connect(function.button, &QAbstractButton::toggled, function.dialog, [&function](bool checked) {
+            if (checked)
+                function.dialog->show();
+            else
+                function.dialog->close();
+        });
     }
 }
 
@@ -165,7 +169,7 @@ void MoxCamConfigPrivate::isShowFrameABStuff(bool show)
     ui->actionFrame_A_B->setVisible(show);
 }
 
-void MoxCamConfigPrivate::doLastAdjustment()
+bool MoxCamConfigPrivate::doLastAdjustment()
 {
     ui->pushBtnFrameAB->setVisible(hasFrameAB);
     const int width = hasFrameAB
@@ -176,15 +180,21 @@ void MoxCamConfigPrivate::doLastAdjustment()
             edit->setMaximumWidth(width);
     }
     isShowFrameABStuff(hasFrameAB);
+    const QPointer<QObject> same(bound.get());
     updateBoth();
     for (const Function &function : functions) {
+        if (!same)
+            return false;
         const bool show = function.action->isVisible() && function.action->isChecked();
         function.button->setVisible(show);
-        if (!show && function.dialog)
-            function.dialog->close();
+        if (!show)
+            function.dialog->close(); // which can write what was being typed
     }
+    if (!same)
+        return false;
     updateStatus();
     adjustAbout();
+    return true;
 }
 
 MoxCamConfig::MoxCamConfig(MoxCam::Device *device, QWidget *parent, Qt::WindowFlags flags)
@@ -204,9 +214,9 @@ MoxCamConfig::~MoxCamConfig()
 
 void MoxCamConfig::SetDevice(MoxCam::Device *device)
 {
-    d->setDevice(device);
     // A device of the window's own is not released here, and nobody else does it: the window no longer owns any.
     d->ownDevice.release();
+    d->setDevice(device);
 }
 
 void MoxCamConfig::showEvent(QShowEvent *event)

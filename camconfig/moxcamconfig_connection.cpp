@@ -33,8 +33,8 @@ void MoxCamConfigPrivate::connectDevice()
     std::unique_ptr<MoxCam::Device, Releaser> selected = selectDevice();
     if (!selected)
         return;
-    setDevice(selected.get());
     ownDevice = std::move(selected);
+    setDevice(ownDevice.get());
 }
 
 void MoxCamConfigPrivate::disconnectDevice()
@@ -62,8 +62,8 @@ void MoxCamConfigPrivate::shutDown()
 void MoxCamConfigPrivate::setDevice(MoxCam::Device *newDevice)
 {
     letGo();
-    init(q, newDevice);
-    setDialogDevice(newDevice);
+    if (init(q, newDevice))
+        setDialogDevice(newDevice);
 }
 
 void MoxCamConfigPrivate::letGo()
@@ -84,6 +84,7 @@ void MoxCamConfigPrivate::forgetParams()
         needed.frameMode->UnregisterEventSink(this);
     needed = {};
     params = nullptr;
+    bound = std::make_unique<QObject>();
     for (const Column &column : columns()) {
         for (QLineEdit *edit : {column.size, column.fps, column.frameTime, column.exposureTime})
             edit->clear();
@@ -91,12 +92,15 @@ void MoxCamConfigPrivate::forgetParams()
     ui->lineEditTemperature->clear();
 }
 
-void MoxCamConfigPrivate::setDialogDevice(MoxCam::Device *newDevice)
+bool MoxCamConfigPrivate::setDialogDevice(MoxCam::Device *newDevice)
 {
+    const QPointer<QObject> same(bound.get());
     for (const Function &function : functions) {
-        if (function.dialog)
-            function.setDevice(function.dialog, newDevice);
+        function.setDevice(function.dialog, newDevice);
+        if (!same)
+            return false;
     }
+    return true;
 }
 
 void MoxCamConfigPrivate::CameraConnectCallback(const void *, unsigned long, void *context)
@@ -122,8 +126,8 @@ void MoxCamConfigPrivate::tick()
         return;
     case DeviceConnected:
         needBothUpdate = true;
-        setDialogDevice(device);
-        init(q, device);
+        if (setDialogDevice(device))
+            init(q, device);
         return;
     }
     updateTemperature();

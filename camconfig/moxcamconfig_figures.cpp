@@ -99,6 +99,7 @@ void MoxCamConfigPrivate::setFrameMode(const QString &mode)
 void MoxCamConfigPrivate::getNeededParams()
 {
     needed = {};
+    bound = std::make_unique<QObject>();
     // This parameter alone tells the kinds of cameras apart; what family the camera names plays no part.
     needed.frameABSelector = params->GetEnum("FrameAB_Selector", nullptr);
     hasFrameAB = needed.frameABSelector;
@@ -155,10 +156,13 @@ void MoxCamConfigPrivate::updateFrameBInfo()
     updateFrameInfo(columns()[1]);
 }
 
-void MoxCamConfigPrivate::selectFrame(const char *frame)
+/** False when the window is gone or has let go of its parameters meanwhile. */
+bool MoxCamConfigPrivate::selectFrame(const char *frame)
 {
+    const QPointer<QObject> same(bound.get());
     if (needed.frameABSelector)
         needed.frameABSelector->SetValueStr(frame);
+    return same;
 }
 
 // The camera sees two writes, and its selector ends where it has been. What the writes tell the sink changes nothing
@@ -167,12 +171,14 @@ void MoxCamConfigPrivate::updateBoth()
 {
     if (frameBSelected) {
         updateFrameBInfo();
-        selectFrame("FrameA");
+        if (!selectFrame("FrameA"))
+            return;
         updateFrameAInfo();
         selectFrame("FrameB");
     } else {
         updateFrameAInfo();
-        selectFrame("FrameB");
+        if (!selectFrame("FrameB"))
+            return;
         updateFrameBInfo();
         selectFrame("FrameA");
     }

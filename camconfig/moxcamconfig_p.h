@@ -58,16 +58,20 @@ public:
     {
         QPushButton *button;
         QAction *action;
-        QDialog *dialog = nullptr; // child of the window; null for a function that has none
-        void (*setDevice)(QDialog *dialog, MoxCam::Device *device) = nullptr;
+        QDialog *dialog; // child of the window
+        void (*setDevice)(QDialog *dialog, MoxCam::Device *device);
     };
 
-    /** A function whose dialog is made here. Needs the dialog's SetDevice() and its signal closing(). */
-    template<class Dialog> Function makeFunction(QPushButton *button, QAction *action);
+    /** Makes the function at @p index with its dialog, which needs SetDevice() and the signal closing(). */
+    template<class Dialog> bool makeFunction(int index, QPushButton *button, QAction *action);
+
+    // What returns a bool can write to the camera through one of the dialogs, and a refusal is told in a message box.
+    // False says that the window was deleted in its event loop, when nothing of this object is there any more, or was
+    // given another device, or has seen its own come or go. Whoever called leaves all the rest alone then.
 
     /**
      * Takes up a device, or none for null; on the first call builds the window and lets the user select a device if none
-     * is given. False when the window was deleted meanwhile: nothing of this object is there any more then.
+     * is given.
      */
     bool init(MoxCamConfig *window, MoxCam::Device *newDevice);
     /** Lets go of the device and goes over to another one or null, along with the dialogs. */
@@ -78,7 +82,7 @@ public:
     /** Ends everything that points to this object, before the window is destroyed. */
     void shutDown();
 
-    void createDialogs();
+    bool createDialogs();
     void initButtons();
     void adjustViewMenuActions();
     void getNeededParams();
@@ -91,7 +95,7 @@ public:
     void updateBoth();
     void updateTemperature();
     void adjustAbout();
-    void doLastAdjustment();
+    bool doLastAdjustment();
     void OnParameterUpdate(MoxGenParam::Param *param) override;
 
     /** Events of the device; @p context is the private object. */
@@ -126,6 +130,7 @@ public:
     QLabel *statusText = nullptr; // in the status bar
     QLabel *statusIcon = nullptr;
     MoxCamConfigMapper mapper; // binds nothing: this window only displays
+    std::unique_ptr<QObject> bound; // another one as soon as the parameters are taken up or let go of
 
 private:
     /** The line edits of a frame. */
@@ -138,22 +143,28 @@ private:
     void letGo();
     /** The figures go with them. */
     void forgetParams();
-    void setDialogDevice(MoxCam::Device *newDevice);
+    bool setDialogDevice(MoxCam::Device *newDevice);
     std::array<Column, 2> columns() const;
     void updateFrameInfo(const Column &column);
-    void selectFrame(const char *frame);
+    bool selectFrame(const char *frame);
     void setFrameMode(const QString &mode);
     void subscribe(MoxGenParam::Enum *param);
-    void buildWindow();
+    bool buildWindow();
 };
 
-template<class Dialog>
-MoxCamConfigPrivate::Function MoxCamConfigPrivate::makeFunction(QPushButton *button, QAction *action)
+template<class Dialog> bool MoxCamConfigPrivate::makeFunction(int index, QPushButton *button, QAction *action)
 {
+    const QPointer<QWidget> alive(q);
     auto *dialog = new Dialog(device, q);
-    QObject::connect(dialog, &Dialog::closing, button, [button] { button->setChecked(false); });
-    return {button, action, dialog,
-            [](QDialog *made, MoxCam::Device *newDevice) { static_cast<Dialog *>(made)->SetDevice(newDevice); }};
+    if (!alive)
+        return false;
+    const auto release = [button] { button->setChecked(false); };
+    QObject::connect(dialog, &Dialog::closing, button, release);
+    QObject::connect(dialog, &QDialog::finished, button, release); // Escape hides a dialog without closing it
+    functions[index] = {button, action, dialog, [](QDialog *made, MoxCam::Device *newDevice) {
+                            static_cast<Dialog *>(made)->SetDevice(newDevice);
+                        }};
+    return true;
 }
 
 } // namespace MoxGui

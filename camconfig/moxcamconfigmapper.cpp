@@ -261,8 +261,9 @@ void MoxCamConfigMapper::unmapControl(const MoxCamConfigMapData &record)
     QObject *control = controlOf(record);
     if (!control)
         return;
-    setEnabled({record}, false);
+    // The connections first: a slider that is being dragged is let go of by disabling it, and would report its value.
     QObject::disconnect(control, nullptr, nullptr, nullptr);
+    setEnabled({record}, false);
 }
 
 void MoxCamConfigMapper::unmapParam(MoxGenParam::Param *param)
@@ -278,6 +279,9 @@ void MoxCamConfigMapper::clearMappings()
 {
     // The parameters are those of a device that may be gone already: they are not asked to end their subscriptions.
     const QHash<QString, Records> earlier = bindings;
+    // All connections before the first control is disabled: that may take the focus from another one, and end its drag.
+    for (const Records &records : earlier)
+        QObject::disconnect(controlOf(records.first()), nullptr, nullptr, nullptr);
     for (const Records &records : earlier)
         unmapControl(records.first());
     bindings.clear();

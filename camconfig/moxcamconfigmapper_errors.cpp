@@ -3,6 +3,7 @@
 
 #include "modaldialog.h"
 
+#include <QEvent>
 #include <QMessageBox>
 
 #include <algorithm>
@@ -81,6 +82,21 @@ const char *descriptionOf(MoxCamErr err)
     return found == std::end(descriptions) ? "Unknown code" : found->text;
 }
 
+/** Stays open to the user when its parent is disabled, as the controls of a camera are that is pulled out meanwhile. */
+class ErrorBox : public QMessageBox
+{
+public:
+    using QMessageBox::QMessageBox;
+
+protected:
+    void changeEvent(QEvent *event) override
+    {
+        QMessageBox::changeEvent(event);
+        if (event->type() == QEvent::EnabledChange && !isEnabled())
+            setEnabled(true);
+    }
+};
+
 } // namespace
 
 void MoxCamConfigMapper::showErrorMessage(MoxCamErr err, QWidget *parent, MoxGenParam::Param *param)
@@ -92,8 +108,8 @@ void MoxCamConfigMapper::showErrorMessage(MoxCamErr err, QWidget *parent, MoxGen
     const QString text = QStringLiteral("Error while working with '%1' parameter!\r\nDescription: %2")
                              .arg(nameOf(param))
                              .arg(QString::fromUtf8(descriptionOf(err)));
-    // What QMessageBox::critical does, but for the parent that may be deleted while the box is open.
-    const ModalDialog<QMessageBox> box(QMessageBox::Critical, QString(), text, QMessageBox::Ok, parent);
+    // What QMessageBox::critical does, but for the parent that may be deleted or disabled while the box is open.
+    const ModalDialog<ErrorBox> box(QMessageBox::Critical, QString(), text, QMessageBox::Ok, parent);
     box->exec();
 }
 

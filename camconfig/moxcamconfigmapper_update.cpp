@@ -214,6 +214,9 @@ void MoxCamConfigMapper::updateInteger(MoxGenParam::Int *param, Control *control
         control->setSingleStep(step == 0 ? 1 : step);
     if (watch.holds())
         control->setValue(value);
+    // A slider on a nonlinear scale answers with what its new position stands for; the next time it does not move.
+    if (watch.holds() && control->value() != value)
+        control->setValue(value);
 }
 
 } // namespace MoxGui

@@ -5,6 +5,7 @@
 
 #include <QCryptographicHash>
 #include <QPointer>
+#include <QPushButton>
 
 using MoxGui::MoxCamConfigMapper;
 using MoxTest::boxText;
@@ -65,6 +66,8 @@ private Q_SLOTS:
                     QCOMPARE(box->windowTitle(), QString());
                     QCOMPARE(box->standardButtons(), QMessageBox::Ok);
                     shown = box;
+                    parent->setEnabled(false);
+                    QVERIFY(box->isEnabled() && box->button(QMessageBox::Ok)->isEnabled());
                     param.reset();
                     delete parent;
                 });

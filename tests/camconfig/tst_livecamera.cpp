@@ -41,13 +41,13 @@ void TestLiveCamera::walk()
     QCOMPARE(edit("lineEditExpFrameA"), number("CurrentExposureTime"));
     QCOMPARE(edit("lineEditFtmFrameA"), number("CurrentFrameTime"));
 
-    // Frame B gets an exposure of its own; with alternating frames both show, with the selector where it was.
+    // With alternating frames both show, and frame B gets an exposure of its own; the selector stays where it was.
+    QCOMPARE(params->GetEnum("FrameMode", nullptr)->SetValueStr("FrameAB"), MoxCamError::Success);
     MoxGenParam::Enum *selector = params->GetEnum("FrameAB_Selector", nullptr);
     QCOMPARE(selector->SetValueStr("FrameB"), MoxCamError::Success);
     MoxGenParam::Int *lines = params->GetInt("Frame_ExposureLines", nullptr);
     QCOMPARE(lines->SetValue(lines->GetMin(nullptr) + 100), MoxCamError::Success);
     const QString exposureOfB = number("CurrentExposureTime");
-    QCOMPARE(params->GetEnum("FrameMode", nullptr)->SetValueStr("FrameAB"), MoxCamError::Success);
     QTRY_COMPARE(edit("lineEditExpFrameB"), exposureOfB);
     QCOMPARE(selector->GetValue(nullptr), 1);
     QVERIFY(edit("lineEditExpFrameA") != exposureOfB);

@@ -1,0 +1,198 @@
+#include "bench.h"
+#include "configscene.h"
+#include "datarow.h"
+#include "dialogscene.h"
+#include "fakedevice.h"
+#include "moxcamconfigpulsedialog.h"
+#include "qtmoxslider.h"
+#include "testmain.h"
+
+#include <QLabel>
+#include <QSlider>
+#include <QToolButton>
+
+using namespace MoxTest;
+
+namespace {
+
+struct PulseCamera : FakeDevice
+{
+    explicit PulseCamera(int itsPeriod = 1000, int itsWidth = 250)
+    {
+        setEntries("PulseGenGranularity", {QStringLiteral("x1"), QStringLiteral("x10")});
+        setEntries("PulseGenMode", {QStringLiteral("Continuous"), QStringLiteral("Send")});
+        setNumbers({{"PulseGenPeriod", itsPeriod}, {"PulseGenWidth", itsWidth}, {"PulseGenNumPulses", 10}});
+        period.min = width.min = INT_MIN;
+        period.max = width.max = INT_MAX;
+    }
+    FakeInt &period = feature<FakeInt>("PulseGenPeriod");
+    FakeInt &width = feature<FakeInt>("PulseGenWidth");
+    FakeBoolean &enable = feature<FakeBoolean>("PulseGenEnable");
+};
+
+struct Panel
+{
+    MoxGui::MoxCamConfigPulseDialog dialog{nullptr};
+    QtMoxSpinBox *const period = child<QtMoxSpinBox>(dialog, "spBoxPeriod");
+    QtMoxSpinBox *const width = child<QtMoxSpinBox>(dialog, "spBoxWidth");
+    QPushButton *const start = child<QPushButton>(dialog, "pushBtnPulseEnable");
+
+    QByteArray timing(MoxCam::Device *device = nullptr)
+    {
+        if (device)
+            dialog.SetDevice(device);
+        dialog.show();
+        return (child<QLineEdit>(dialog, "lineEditDelay")->text() + QLatin1Char(' ')
+                + child<QLineEdit>(dialog, "lineEditFreq")->text())
+            .toLatin1();
+    }
+    /** Caption, colour of the light, and whether the button is down. */
+    QByteArray state() const
+    {
+        const QImage light = child<QLabel>(dialog, "lblPulseEnable")->pixmap(Qt::ReturnByValue).toImage();
+        const QColor color = light.pixelColor(light.rect().center());
+        return start->text().toLatin1() + (color.green() > color.red() ? " green" : " red")
+            + (start->isChecked() ? " down" : " up");
+    }
+    /** Which controls are open, in the order of the parameters below. */
+    QByteArray open() const
+    {
+        QByteArray letters;
+        for (const char *name :
+             {"cmBoxGranularity", "spBoxPeriod", "spBoxWidth", "spBoxNumPulses", "radioBtnSend", "pushBtnPulseEnable"})
+            letters += child<QWidget>(dialog, name)->isEnabled() ? "GPWNME"[letters.size()] : '-';
+        return letters;
+    }
+};
+
+} // namespace
+
+class TestPulseDialog : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void timing_data()
+    {
+        columns<int, int, QByteArray>("period", "width", "shown");
+        row("usual", 1000, 250, "750 1000.000000");
+        row("zero", 0, 0, "0 0.000000");
+        row("width above period", 3, 10, "-7 333333.333333");
+        row("top", INT_MAX, 1, "2147483646 0.000466");
+        row("wraps", INT_MIN, 1, "2147483647 -0.000466");
+    }
+    void timing()
+    {
+        QFETCH(int, period);
+        QFETCH(int, width);
+        PulseCamera there(period, width), byUser, byCamera;
+        Panel panel;
+        QTEST(panel.timing(&there), "shown");
+        QCOMPARE(there.period.writes + there.width.writes, Writes{});
+        panel.timing(&byUser);
+        type(panel.period->spinBox(), period);
+        type(panel.width->spinBox(), width);
+        QTEST(panel.timing(), "shown");
+        QCOMPARE(byUser.period.value, period); // in the end: on the way the slider has its say
+        panel.timing(&byCamera);
+        byCamera.width.change(width);
+        byCamera.period.change(period);
+        QTEST(panel.timing(), "shown");
+        QCOMPARE(byCamera.period.value, period);
+    }
+
+    /** Caption and light follow clicks and devices, not the camera. */
+    void buttonState()
+    {
+        PulseCamera camera;
+        Panel panel;
+        panel.timing(&camera);
+        camera.enable.change(1);
+        QCOMPARE(panel.state(), "Start red down");
+        QVERIFY(panel.dialog.SetDevice(&camera));
+        QCOMPARE(panel.state(), "Stop green down");
+        panel.dialog.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&panel.dialog));
+        for (const char *state : {"Start red up", "Stop green down"}) {
+            // The shortcut has two strokes and outlives the changes of the caption.
+            for (int stroke = 0; stroke < 2; ++stroke)
+                QTest::keyClick(&panel.dialog, Qt::Key_S, Qt::ControlModifier | Qt::ShiftModifier);
+            QTRY_COMPARE(panel.state(), state);
+        }
+        type(panel.width->spinBox(), INT_MAX); // Return does not reach the button
+        camera.enable.refusal = MoxCamError::GenICamAccess;
+        QVERIFY(!boxText([&] { click(panel.start); }).isEmpty());
+        QCOMPARE(panel.state(), "Start red up");
+        camera.enable.tell();
+        QCOMPARE(panel.state(), "Start red down");
+        QCOMPARE(camera.enable.writes, (Writes{0, 1, 0}));
+    }
+
+    void devices()
+    {
+        PulseCamera camera, full;
+        Panel panel;
+        const QList<QPair<const char *, QByteArray>> lacking{
+            {"PulseGenGranularity", "-PWNME"}, {"PulseGenPeriod", "G-WNME"}, {"PulseGenWidth", "GP-NME"},
+            {"PulseGenNumPulses", "GPW-ME"},   {"PulseGenMode", "GPWN-E"},   {"PulseGenEnable", "GPWNM-"}};
+        for (const auto &[name, open] : lacking) {
+            camera.hidden = name;
+            for (int i = 0; i < 2; ++i) {
+                QVERIFY(panel.dialog.SetDevice(&camera));
+                QCOMPARE(panel.open(), open);
+            }
+            QCOMPARE(panel.state(), "Start red up");
+            for (int i = 0; i < 2; ++i) {
+                QCOMPARE(panel.timing(&full), "750 1000.000000");
+                QCOMPARE(full.sinkCount(), 6);
+                QCOMPARE(connectionsOf(panel.width, SIGNAL(valueChanged(int))), 2); // the binding's and the dialog's
+                QCOMPARE(connectionsOf(panel.start, SIGNAL(clicked(bool))), 2);
+            }
+            QVERIFY(!panel.dialog.SetDevice(nullptr) && !panel.dialog.isEnabled());
+            QCOMPARE(panel.open(), "------");
+            QCOMPARE(child<QLabel>(panel.dialog, "lblDelay")->text(), QString::fromUtf8("Delay [\u03BCs]:"));
+        }
+        camera.parametersError = MoxCamError::GenTLIo;
+        QVERIFY(!panel.dialog.SetDevice(&camera));
+        QCOMPARE(full.period.writes + full.width.writes + full.enable.writes, Writes{});
+    }
+
+    /** The pop-up closes, and what was dragged to is neither written nor reported. */
+    void unpluggedWhileDragging()
+    {
+        PulseCamera camera;
+        Panel panel;
+        for (const QtMoxSpinBox *box : {panel.period, panel.width}) {
+            panel.timing(&camera);
+            for (const char *missing : {"raise()", "grabbing the keyboard"})
+                QTest::ignoreMessage(QtWarningMsg, QByteArray("This plugin does not support ").append(missing));
+            click(box->toolButton());
+            QVERIFY(box->slider()->isVisible());
+            box->slider()->slider()->setSliderDown(true);
+            box->slider()->slider()->setSliderPosition(500);
+            QVERIFY(!panel.dialog.SetDevice(nullptr));
+            QVERIFY(!box->slider()->isVisible() && !box->slider()->slider()->isSliderDown());
+            QCOMPARE(camera.period.writes + camera.width.writes, Writes{});
+        }
+    }
+
+    void liveCamera()
+    {
+        const LiveCamera camera;
+        Panel panel;
+        QCOMPARE(panel.timing(camera.device.get()), "39000 25.000000");
+        QCOMPARE(panel.open(), "GPW-ME"); // pulses without end have no number
+        type(panel.period->spinBox(), 500); // the width cannot be longer
+        QCOMPARE(camera.number("PulseGenWidth"), 500);
+        QCOMPARE(panel.timing(), "0 2000.000000");
+        click(child<QRadioButton>(panel.dialog, "radioBtnSend"));
+        QCOMPARE(panel.open(), "GPWNME");
+        click(panel.start);
+        QCOMPARE(panel.state(), "Stop green down");
+        QTRY_COMPARE(panel.state(), "Stop green up"); // it has stopped by itself
+        QCOMPARE(camera.number("PulseGenCount"), 10);
+    }
+};
+
+MOX_TEST_MAIN(TestPulseDialog)
+#include "tst_pulsedialog.moc"
