@@ -18,6 +18,7 @@ struct INodeMap;
 }
 
 namespace MoxCam {
+class Device;
 class DeviceInfo;
 class System;
 } // namespace MoxCam
@@ -94,6 +95,33 @@ MOXGUI_EXPORT MoxGui::IMoxGenParamTreeView *
 CreateGenParamTreeViewForNodemapW(GenApi_3_0::INodeMap *nodemap, const wchar_t *title, unsigned long parent);
 /** Closes and deletes a parameter tree window before it returns. Null does nothing. */
 MOXGUI_EXPORT void DestroyGenParamTreeView(MoxGui::IMoxGenParamTreeView *view);
+
+/**
+ * Takes a configuration window of a camera through its life: makes it, shows it, and deletes it before returning. The user
+ * sees nothing that lasts; for a window that stays, make an object of its class. What lasts is what making and showing it
+ * does to the camera: nothing, but that on a camera with frames A and B the main window chooses the frame that is sent,
+ * where only one is, and selects the other frame and goes back, to read its figures. A refusal is told in a message box.
+ *
+ * @p device stays the caller's. It may be null: the main window lets the user select a camera first then, in a modal
+ * dialog, and the dialogs are disabled. All of them leave subscriptions to parameters of the device behind, which the open
+ * SDK drops by itself; with another SDK the device must be released or send no parameter updates any more.
+ *
+ * @p parent is the native handle of a widget of this process, which is the window's parent as long as it is there. With
+ * 0, and with the handle of anything else, the window has none.
+ */
+MOXGUI_EXPORT void ShowCamConfigDialog(MoxCam::Device *device, unsigned long parent);
+/** As ShowCamConfigDialog, with the dialog for colour. */
+MOXGUI_EXPORT void ShowColorDialog(MoxCam::Device *device, unsigned long parent);
+/** As ShowColorDialog, and with the same dialog. The one for frames A and B is MoxGui::MoxCamConfigFrameABDialog. */
+MOXGUI_EXPORT void ShowFrameABDialog(MoxCam::Device *device, unsigned long parent);
+/** As ShowCamConfigDialog, with the dialog for data output. */
+MOXGUI_EXPORT void ShowOutputDialog(MoxCam::Device *device, unsigned long parent);
+/** As ShowCamConfigDialog, with the dialog for the pulse generator. */
+MOXGUI_EXPORT void ShowPulseDialog(MoxCam::Device *device, unsigned long parent);
+/** As ShowCamConfigDialog, with the dialog for strobes. */
+MOXGUI_EXPORT void ShowStrobeDialog(MoxCam::Device *device, unsigned long parent);
+/** As ShowCamConfigDialog, with the dialog for the trigger. */
+MOXGUI_EXPORT void ShowTriggerDialog(MoxCam::Device *device, unsigned long parent);
 }
 
 #endif
