@@ -6,11 +6,61 @@
 #include <MoxCameraApi/MoxGenParam.h>
 #include <MoxCameraApi/MoxSimulation.h>
 #include <moxcamconfig.h>
+#include <moxcamconfigcolordialog.h>
+#include <moxcamconfigframeabdialog.h>
+#include <moxcamconfigoutputdialog.h>
+#include <moxcamconfigpulsedialog.h>
+#include <moxcamconfigstrobedialog.h>
+#include <moxcamconfigtriggerdialog.h>
 
 #include <QAction>
 #include <QDialog>
+#include <QEventLoop>
+#include <QTimer>
 
 namespace MoxDemo {
+
+namespace {
+
+/** Renders a dialog on a camera, and without one. */
+template<class Dialog>
+void renderDialog(Album &album, MoxCam::Device *camera, const char *name, const char *nameWithout)
+{
+    Dialog dialog(camera);
+    dialog.setAttribute(Qt::WA_DontShowOnScreen);
+    dialog.show();
+    QEventLoop loop; // the frame size is read a second later
+    QTimer::singleShot(1100, &loop, &QEventLoop::quit);
+    loop.exec();
+    album.save(dialog, name);
+    dialog.close();
+    dialog.SetDevice(nullptr);
+    album.render(dialog, nameWithout);
+}
+
+void choose(MoxGenParam::Array *parameters, const char *enumeration, const char *entry)
+{
+    if (MoxGenParam::Enum *param = parameters->GetEnum(enumeration, nullptr))
+        param->SetValueStr(entry);
+}
+
+/** Each dialog on a camera that has something to show in it. */
+void renderDialogs(Album &album, MoxCam::Device *camera, MoxCam::Device *colorCamera)
+{
+    MoxGenParam::Array *parameters = camera->GetCameraParameters(nullptr);
+    choose(parameters, "TriggerMode", "On");
+    choose(parameters, "TriggerSource", "Software");
+    choose(parameters, "Strobe2Reference", "ReadoutStart");
+    using namespace MoxGui;
+    renderDialog<MoxCamConfigFrameABDialog>(album, camera, "config-frameab.png", "config-frameab-none.png");
+    renderDialog<MoxCamConfigTriggerDialog>(album, camera, "config-trigger.png", "config-trigger-none.png");
+    renderDialog<MoxCamConfigPulseDialog>(album, camera, "config-pulse.png", "config-pulse-none.png");
+    renderDialog<MoxCamConfigStrobeDialog>(album, camera, "config-strobe.png", "config-strobe-none.png");
+    renderDialog<MoxCamConfigOutputDialog>(album, camera, "config-output.png", "config-output-none.png");
+    renderDialog<MoxCamConfigColorDialog>(album, colorCamera, "config-color.png", "config-color-none.png");
+}
+
+} // namespace
 
 void renderConfiguration(Album &album, MoxCam::System *system)
 {
@@ -43,6 +93,8 @@ void renderConfiguration(Album &album, MoxCam::System *system)
     window.close();
     window.SetDevice(nullptr);
     album.render(window, "config-disconnected.png");
+
+    renderDialogs(album, camera.device.get(), plainCamera.device.get());
 }
 
 } // namespace MoxDemo

@@ -16,16 +16,15 @@ struct FamilyInfo
     const char *caption;
     const char *purpose; ///< a second line below the caption
     const char *function; ///< the exported function that opens it, or what is shown instead of its name
-    bool built; ///< whether this build of the library has it
 };
 
 constexpr std::array<FamilyInfo, 5> families = {{
-    {Family::Select, "select", "Select a camera", "In a modal dialog", "SelectCameraA", true},
+    {Family::Select, "select", "Select a camera", "In a modal dialog", "SelectCameraA"},
     {Family::ParameterTree, "tree", "Parameter tree", "All features, with live values",
-     "CreateGenParamTreeViewForArrayA", true},
-    {Family::Configuration, "config", "Camera configuration", "Frames, trigger, strobe, colour", "MoxCamConfig", true},
-    {Family::Action, "action", "Action commands", "One event on many cameras", "ActionCameraA", false},
-    {Family::Gallery, "gallery", "Value widgets", "Spin boxes and sliders", "What the dialogs are made of", true},
+     "CreateGenParamTreeViewForArrayA"},
+    {Family::Configuration, "config", "Camera configuration", "Frames, trigger, strobe, colour", "MoxCamConfig"},
+    {Family::Action, "action", "Action commands", "One event on many cameras", "MoxCameraActionDialog"},
+    {Family::Gallery, "gallery", "Value widgets", "Spin boxes and sliders", "What the dialogs are made of"},
 }};
 
 } // namespace MoxDemo

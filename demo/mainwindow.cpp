@@ -1,11 +1,13 @@
 #include "mainwindow.h"
 
+#include "demosettings.h"
 #include "parametertree.h"
 #include "widgetgallery.h"
 #include "worldpanel.h"
 
 #include <MoxCameraApi/MoxSimulation.h>
 #include <moxcamconfig.h>
+#include <moxcameraactiondialog.h>
 #include <moxcameraguiapi.h>
 #include <moxcameraselectordialog.h>
 
@@ -40,6 +42,16 @@ QCommandLinkButton *createEntry(const QString &name, const QString &caption, con
     // By itself it would give up its second line where room is scarce.
     entry->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     return entry;
+}
+
+/** Brings an open window to the front. False when it is null. */
+bool bringToFront(QWidget *window)
+{
+    if (!window)
+        return false;
+    window->raise();
+    window->activateWindow();
+    return true;
 }
 
 } // namespace
@@ -113,9 +125,7 @@ QWidget *MainWindow::createFamilies(bool poll)
     layout->setSpacing(0);
     for (const FamilyInfo &info : families) {
         QPushButton *entry = createEntry(latin1(info.key), latin1(info.caption), latin1(info.purpose), group);
-        entry->setEnabled(info.built);
-        entry->setToolTip(info.built ? latin1(info.function)
-                                     : tr("%1 is not in this build of the library").arg(latin1(info.function)));
+        entry->setToolTip(latin1(info.function));
         connect(entry, &QPushButton::clicked, this, [this, &info] { open(info.family); });
         layout->addWidget(entry);
         if (info.family == Family::Select)
@@ -213,7 +223,8 @@ void MainWindow::open(Family family)
         openConfiguration();
         break;
     case Family::Action:
-        break; // not built, so its entry is disabled
+        openActionConsole();
+        break;
     case Family::Gallery:
         openGallery();
         break;
@@ -232,11 +243,8 @@ void MainWindow::selectModally()
 
 void MainWindow::openModelessSelector()
 {
-    if (m_selector) {
-        m_selector->raise();
-        m_selector->activateWindow();
+    if (bringToFront(m_selector))
         return;
-    }
     m_selector = new MoxGui::MoxCameraSelectorDialog(m_system, this, m_poll->isChecked());
     m_selector->setAttribute(Qt::WA_DeleteOnClose);
     // The dialog asks for modality itself; without it the world panel stays usable.
@@ -275,11 +283,8 @@ void MainWindow::openConfiguration()
 {
     const QString call = QStringLiteral("MoxCamConfig");
     QPointer<MoxGui::MoxCamConfig> &known = m_configurations[m_chosen];
-    if (known && known->isVisible()) {
-        known->raise();
-        known->activateWindow();
+    if (known && known->isVisible() && bringToFront(known))
         return;
-    }
     delete known; // one that was just closed still holds the camera
 
     OpenedCamera opened;
@@ -298,13 +303,22 @@ void MainWindow::openConfiguration()
     log(call, {true, m_chosen ? describe(m_chosen) : tr("The window's own camera, or none")});
 }
 
+void MainWindow::openActionConsole()
+{
+    if (bringToFront(m_actionConsole))
+        return;
+    auto settings = std::make_unique<DemoSettings>();
+    m_actionConsole = new MoxGui::MoxCameraActionDialog(m_system, this, settings.get());
+    settings.release()->setParent(m_actionConsole); // the console saves its state in them when it ends
+    m_actionConsole->setAttribute(Qt::WA_DeleteOnClose);
+    m_actionConsole->show();
+    log(QStringLiteral("MoxCameraActionDialog"), {true, tr("With the interfaces of now")});
+}
+
 void MainWindow::openGallery()
 {
-    if (m_gallery) {
-        m_gallery->raise();
-        m_gallery->activateWindow();
+    if (bringToFront(m_gallery))
         return;
-    }
     m_gallery = new WidgetGallery(this);
     m_gallery->setAttribute(Qt::WA_DeleteOnClose);
     m_gallery->show();

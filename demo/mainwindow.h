@@ -19,6 +19,7 @@ class QVBoxLayout;
 
 namespace MoxGui {
 class MoxCamConfig;
+class MoxCameraActionDialog;
 class MoxCameraSelectorDialog;
 } // namespace MoxGui
 
@@ -39,7 +40,7 @@ class MainWindow : public QMainWindow
 public:
     MainWindow(MoxCam::System *system, bool poll);
 
-    /** Opens a family that this build of the library has, as its entry does. The selector blocks until it is closed. */
+    /** Opens a family, as its entry does. The selector blocks until it is closed. */
     void open(Family family);
     /** Shows another world, a combination of MoxSim::World, in the selectors and in the panel. */
     void setWorlds(unsigned worlds);
@@ -59,6 +60,7 @@ private:
     void openModelessSelector();
     void openParameterTree();
     void openConfiguration();
+    void openActionConsole();
     void openGallery();
     void selected(const QString &call, MoxCam::DeviceInfo *camera);
 
@@ -67,7 +69,8 @@ private:
     QPointer<MoxGui::MoxCameraSelectorDialog> m_selector; // the modeless one, while it is open
     QHash<MoxCam::DeviceInfo *, QPointer<ParameterTree>> m_trees; // one for each camera
     QHash<MoxCam::DeviceInfo *, QPointer<MoxGui::MoxCamConfig>> m_configurations; // one for each camera, and for none
-    QPointer<WidgetGallery> m_gallery; // while it is open
+    QPointer<MoxGui::MoxCameraActionDialog> m_actionConsole; // while it is open, like the next
+    QPointer<WidgetGallery> m_gallery;
 
     WorldPanel *m_worldPanel = nullptr;
     QComboBox *m_worlds = nullptr;

@@ -34,9 +34,6 @@ void parseFamily(Options &options, const QString &key)
     if (found == families.end())
         leave(options, 1,
               QStringLiteral("moxdemo: no such family: %1 (select, tree, config, action or gallery)").arg(key));
-    else if (!found->built)
-        leave(options, 2,
-              QStringLiteral("moxdemo: \"%1\" is not in this build of the library").arg(QLatin1String(found->caption)));
     else
         options.family = found->family;
 }

@@ -1,21 +1,16 @@
 #include "parametertree.h"
 
+#include "demosettings.h"
+
 #include <moxcameraguiapi.h>
 #include <moxgenparamtreeview.h>
 
-#include <QSettings>
 #include <QUrl>
 #include <QWidget>
 
 namespace MoxDemo {
 
 namespace {
-
-/** Settings of the demo, apart from what the library keeps. */
-QSettings settings()
-{
-    return {QSettings::NativeFormat, QSettings::UserScope, QStringLiteral("moxdemo")};
-}
 
 /** Cameras of one model have the same features. Slashes of a name would be groups in the settings. */
 QString stateKey(MoxCam::DeviceInfo *camera)
@@ -35,7 +30,7 @@ ParameterTree::ParameterTree(OpenedCamera opened, MoxCam::DeviceInfo *camera, QW
     view->setParams(m_opened.parameters); // once more: only from then on do the filter's two options count
     view->enablePolling(true);
 
-    const QByteArray state = settings().value(m_stateKey).toString().toUtf8();
+    const QByteArray state = DemoSettings().value(m_stateKey).toString().toUtf8();
     // Twice: categories come before the level in the text, so the first time misses those that only the level brings.
     view->loadState(state.constData());
     view->loadState(state.constData());
@@ -70,7 +65,7 @@ void ParameterTree::raise()
 QString ParameterTree::saveState()
 {
     const QString state = QString::fromUtf8(m_view->saveState());
-    settings().setValue(m_stateKey, state);
+    DemoSettings().setValue(m_stateKey, state);
     return state;
 }
 

@@ -18,7 +18,7 @@ namespace MoxDemo {
 /**
  * Keeps a camera open as long as the window with its features is, and the window's state from one opening to the next.
  *
- * The state is kept by vendor and model in the demo's own settings, `moxdemo.conf` in the user's configuration directory.
+ * The state is kept by vendor and model in the demo's own settings.
  * Owned by its parent. When the user closes the window, it deletes itself and with that the window. GUI thread.
  */
 class ParameterTree : public QObject

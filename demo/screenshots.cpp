@@ -1,5 +1,6 @@
 #include "screenshots.h"
 
+#include "actionscreenshots.h"
 #include "album.h"
 #include "cameras.h"
 #include "configscreenshots.h"
@@ -194,6 +195,7 @@ bool takeScreenshots(MoxCam::System *system, const QString &directory)
 
     renderParameterTree(album, system);
     renderConfiguration(album, system);
+    renderActions(album, system);
     renderGallery(album);
 
     MoxSim::clearWorld();
