@@ -1,13 +1,16 @@
-// The entry functions of the library: one call opens one dialog.
-//
-// All of them work on the calling thread, which must be the GUI thread. When the process has no application object yet,
-// the first call makes a QApplication, which then lives to the end of the process, and the calling thread becomes the
-// GUI thread. An application object that is no QApplication is taken as it is, and Qt ends the process at the first
-// widget. Exceptions of the SDK pass through to the caller, except those thrown inside a dialog's event loop, which Qt
-// does not support.
-//
-// The forms that end in A take a title in UTF-8, those that end in W one of 32-bit code points; both end at the first
-// zero. A null title is an empty one.
+/**
+ * @file
+ * The entry functions of the library: one call opens one dialog.
+ *
+ * All of them work on the calling thread, which must be the GUI thread. When the process has no application object yet,
+ * the first call makes a QApplication, which then lives to the end of the process, and the calling thread becomes the
+ * GUI thread. An application object that is no QApplication is taken as it is, and Qt ends the process at the first
+ * widget. Exceptions of the SDK pass through to the caller, except those thrown inside a dialog's event loop, which Qt
+ * does not support.
+ *
+ * The forms that end in A take a title in UTF-8, those that end in W one of 32-bit code points; both end at the first
+ * zero. A null title is an empty one.
+ */
 #ifndef MOXCAMERAGUIAPI_H
 #define MOXCAMERAGUIAPI_H
 

@@ -1,4 +1,7 @@
-// Linkage of the library's public functions and classes.
+/**
+ * @file
+ * Linkage of the library's public functions and classes.
+ */
 #ifndef MOXCAMERAGUIAPI_GLOBAL_H
 #define MOXCAMERAGUIAPI_GLOBAL_H
 

@@ -1,7 +1,10 @@
-// Discovery and devices of the camera SDK.
-//
-// Texts are UTF-8, owned by the SDK, and may be null. `err` arguments are optional and may be null. Calls may come from
-// several threads at once. No operation throws.
+/**
+ * @file
+ * Discovery and devices of the camera SDK.
+ *
+ * Texts are UTF-8, may be null, belong to the object that gave them and stay valid as long as it does. `err` arguments are
+ * optional and may be null. Calls may come from several threads at once. No operation throws.
+ */
 #ifndef MOXCAMERAAPI_MOXCAM_H
 #define MOXCAMERAAPI_MOXCAM_H
 
@@ -31,34 +34,42 @@ using EventCallback = void (*)(const void *data, unsigned long size, void *conte
  * are 8 bytes, big-endian: the camera's address (4), the acknowledgement's status word (2), which is 0, and the number
  * of the command (2). It comes once for a camera and a command; refusals and late acknowledgements are none.
  */
-enum EventId { EventDeviceConnected = 1003, EventDeviceDisconnected = 1004, EventActionAcknowledge = 1005 };
+enum EventId {
+    EventDeviceConnected = 1003, ///< the camera is back; without data
+    EventDeviceDisconnected = 1004, ///< the camera is lost; without data
+    EventActionAcknowledge = 1005 ///< of an interface
+};
 
 /** Transport codes of `Interface::GetType`. */
 enum InterfaceType {
-    InterfaceCustom = 0,
-    InterfaceUsb3Vision = 1,
-    InterfaceGigEVision = 2,
-    InterfaceCameraLink = 3,
-    InterfaceCoaXPress = 4,
-    InterfaceHdSdi = 5
+    InterfaceCustom = 0, ///< none of the others
+    InterfaceUsb3Vision = 1, ///< USB3 Vision
+    InterfaceGigEVision = 2, ///< GigE Vision
+    InterfaceCameraLink = 3, ///< Camera Link
+    InterfaceCoaXPress = 4, ///< CoaXPress
+    InterfaceHdSdi = 5 ///< HD-SDI
 };
 
 /** Codes of `DeviceInfo::GetAccessStatus`: the GenTL standard's, and one for an address outside the subnet. */
 enum AccessStatus {
-    AccessUnknown = 0,
-    AccessReadWrite = 1,
-    AccessReadOnly = 2,
-    AccessNoAccess = 3,
-    AccessSubnetMismatch = 1001
+    AccessUnknown = 0, ///< not known
+    AccessReadWrite = 1, ///< can be opened with control
+    AccessReadOnly = 2, ///< can be opened for reading
+    AccessNoAccess = 3, ///< another application controls it, also this one
+    AccessSubnetMismatch = 1001 ///< its address lies outside the subnet of the adapter
 };
 
 /** Walks what a lookup found; the state of the walk lives in the list, so `GetNext` follows `GetFirst` in sequence. */
 class MOXSDK_INTERFACE InterfaceList
 {
 public:
+    /** Ends the list, not the interfaces. */
     virtual void Release() = 0;
+    /** Number of interfaces. */
     virtual std::size_t GetCount() = 0;
+    /** Begins the walk anew; null when the list is empty. */
     virtual Interface *GetFirst() = 0;
+    /** The one after the last that was given; null behind the end. */
     virtual Interface *GetNext() = 0;
 
 protected:
@@ -69,9 +80,13 @@ protected:
 class MOXSDK_INTERFACE DeviceInfoList
 {
 public:
+    /** Ends the list, not the device infos. */
     virtual void Release() = 0;
+    /** Number of devices. */
     virtual std::size_t GetCount() = 0;
+    /** Begins the walk anew; null when the list is empty. */
     virtual DeviceInfo *GetFirst() = 0;
+    /** The one after the last that was given; null behind the end. */
     virtual DeviceInfo *GetNext() = 0;
 
 protected:
@@ -82,8 +97,12 @@ protected:
 class MOXSDK_INTERFACE System
 {
 public:
+    /** Ends one call of MoxCam_GetSystem(). With the last one interfaces and device infos end; devices go before. */
     virtual void Release() = 0;
-    /** Interfaces of the transports in the mask; the caller releases the list. Null means none. */
+    /**
+     * Interfaces of the transports in the mask, which has bit n set for the `InterfaceType` n; 255 asks for all. The caller
+     * releases the list. Null means none. No discovery is run.
+     */
     virtual InterfaceList *GetInterfaceList(std::uint32_t typeMask) = 0;
 
 protected:
@@ -109,12 +128,18 @@ public:
      * @p timeout, this call leaves the list to it. @p changed, which may be null, tells whether this call changed it.
      */
     virtual void ReDiscoverDevices(bool *changed, std::uint32_t timeout) = 0;
+    /** A name for the user. */
     virtual const char *GetDescription() = 0;
     /** One of `InterfaceType`. */
     virtual int GetType() = 0;
+    /** Tells this interface from all others of the system, also at the next start. */
     virtual const char *GetID() = 0;
+    /** Version of the transport's standard, such as "2.0". */
     virtual const char *GetVersion() = 0;
-    /** There is no way back: @p context must outlive the system. */
+    /**
+     * Calls @p callback at each event of that `EventId`; as often as it was registered. There is no way back: @p context,
+     * which may be null, must outlive the system.
+     */
     virtual void RegisterEventCallback(std::uint32_t eventId, EventCallback callback, void *context) = 0;
     /**
      * The interface's own parameters; null, with "not available" in @p err, for a transport that has none. They belong
@@ -130,18 +155,29 @@ protected:
 class MOXSDK_INTERFACE DeviceInfo
 {
 public:
+    /** The interface that it was found on; never null. */
     virtual Interface *GetInterface() = 0;
+    /** Tells this camera from all others, also at the next start. */
     virtual const char *GetID() = 0;
+    /** The maker's name. */
     virtual const char *GetVendor() = 0;
+    /** The model's name. */
     virtual const char *GetModel() = 0;
+    /** A name for the user, made of maker, model and serial number. */
     virtual const char *GetDisplayName() = 0;
+    /** What the user called it: the feature DeviceUserID of the GenICam SFNC. */
     virtual const char *GetUserDefinedName() = 0;
+    /** The maker's serial number. */
     virtual const char *GetSerialNumber() = 0;
+    /** Version of the device. */
     virtual const char *GetVersion() = 0;
-    /** One of `AccessStatus`. */
+    /** One of `AccessStatus`, as the last discovery found it. */
     virtual int GetAccessStatus() = 0;
+    /** Dotted address of a GigE Vision device; empty, with "not available" in @p err, on other transports. */
     virtual const char *GetIPAddress(MoxCamErr *err) = 0;
+    /** Dotted netmask, as GetIPAddress(). */
     virtual const char *GetNetmask(MoxCamErr *err) = 0;
+    /** Dotted address of the gateway, "0.0.0.0" without one, as GetIPAddress(). */
     virtual const char *GetGateway(MoxCamErr *err) = 0;
     /**
      * Assigns an address until the camera's next start; first dotted number in the most significant byte. What no host
@@ -172,8 +208,12 @@ public:
      * sink it may.
      */
     virtual void Release() = 0;
+    /**
+     * Calls @p callback at each `EventDeviceConnected` or `EventDeviceDisconnected`, whichever @p eventId names. Any other
+     * number, and a null callback, give "invalid argument".
+     */
     virtual MoxCamErr RegisterEvent(int eventId, EventCallback callback, void *context) = 0;
-    /** Waits for a running call of this callback, unless it is called inside an event callback. */
+    /** Ends a registration, if there is one with these arguments. Waits for a running call of this callback, unless it is called inside an event callback. */
     virtual MoxCamErr UnregisterEvent(int eventId, EventCallback callback, void *context) = 0;
     /** The camera's parameters, valid until `Release`; null with an error when the camera gave none. */
     virtual MoxGenParam::Array *GetCameraParameters(MoxCamErr *err) = 0;

@@ -1,8 +1,11 @@
-// The knobs of the open SDK, for demonstrations and tests: which world it shows, and what happens in the simulated one.
-//
-// An application that ships uses none of this. All functions may be called from any thread; what they change is seen by
-// the next discovery or port access. Identifiers are those of `MoxCam::Interface::GetID` and `MoxCam::DeviceInfo::GetID`;
-// an unknown one throws std::invalid_argument.
+/**
+ * @file
+ * The knobs of the open SDK, for demonstrations and tests: which world it shows, and what happens in the simulated one.
+ *
+ * An application that ships uses none of this. All functions may be called from any thread; what they change is seen by
+ * the next discovery or port access. Identifiers are those of `MoxCam::Interface::GetID` and `MoxCam::DeviceInfo::GetID`;
+ * an unknown one throws std::invalid_argument.
+ */
 #ifndef MOXCAMERAAPI_MOXSIMULATION_H
 #define MOXCAMERAAPI_MOXSIMULATION_H
 
@@ -15,10 +18,14 @@
 namespace MoxSim {
 
 /** Where `MoxCam_GetSystem` looks for cameras. May be combined. */
-enum World : unsigned { RealWorld = 1, SimulatedWorld = 2 };
+enum World : unsigned {
+    RealWorld = 1, ///< network adapters and USB hosts
+    SimulatedWorld = 2 ///< what the functions below set up
+};
 
 /** Chooses the worlds of every later `System::GetInterfaceList`. The start is `RealWorld`. */
 MOXSDK_EXPORT void setWorlds(unsigned worlds);
+/** The worlds chosen. */
 MOXSDK_EXPORT unsigned worlds();
 
 /** The kinds of camera that can be put into the simulated world. */
@@ -36,15 +43,17 @@ enum class Reach {
     Undiscovered ///< answers to its address only, not to discovery
 };
 
+/** What a new camera is like. */
 struct CameraSetup
 {
-    Model model = Model::Plain;
+    Model model = Model::Plain; ///< passed over with a description file
     /** Also the end of the identifier. Its first 16 printable ASCII characters count; made up when there are none. */
     std::string serialNumber;
     std::string userName; ///< DeviceUserID
-    Reach reach = Reach::Open;
+    Reach reach = Reach::Open; ///< where it starts
     bool slowLink = false; ///< USB3 Vision on a USB 2 link
-    std::string descriptionFile; ///< path of a GenICam description to use instead of the model's own
+    /** Path of a GenICam description to use instead of the model's own. Its registers only store, and start at 0. */
+    std::string descriptionFile;
 };
 
 /** Empties the simulated world and plugs in the standard one, which shows every case that a user meets. */
@@ -57,6 +66,7 @@ MOXSDK_EXPORT void clearWorld();
  * throws std::invalid_argument. Gives its identifier.
  */
 MOXSDK_EXPORT std::string addInterface(int type, const std::string &description);
+/** Takes an interface away for good. Its cameras are lost to their users. */
 MOXSDK_EXPORT void removeInterface(const std::string &interfaceId);
 
 /**
@@ -64,22 +74,28 @@ MOXSDK_EXPORT void removeInterface(const std::string &interfaceId);
  * setup's description file cannot be used, and std::invalid_argument for a model that does not exist.
  */
 MOXSDK_EXPORT std::string addCamera(const std::string &interfaceId, const CameraSetup &setup);
+/** Takes a camera away for good; it is lost to its user. */
 MOXSDK_EXPORT void removeCamera(const std::string &cameraId);
 
 /** The identifiers in the simulated world, plugged or not, in their order. */
 MOXSDK_EXPORT std::vector<std::string> interfaces();
+/** The identifiers of an interface's cameras, in their order. */
 MOXSDK_EXPORT std::vector<std::string> cameras(const std::string &interfaceId);
 
 /** Pulls the plug, or puts it back. An open device gets event 1004 or 1003; its registers survive. */
 MOXSDK_EXPORT void setPlugged(const std::string &cameraId, bool plugged);
+/** Whether the camera's own plug is in; that of its interface plays no part. */
 MOXSDK_EXPORT bool isPlugged(const std::string &cameraId);
 /** Hides an interface with its cameras, or shows it again at its place. */
 MOXSDK_EXPORT void setInterfacePlugged(const std::string &interfaceId, bool plugged);
 
+/** Moves a camera, which gets the address that it starts with there. One that is open stays open. */
 MOXSDK_EXPORT void setReach(const std::string &cameraId, Reach reach);
+/** Where the camera stands now, also after its address was changed from outside. */
 MOXSDK_EXPORT Reach reach(const std::string &cameraId);
 /** The dotted address that a camera has now, also while nothing discovers it; empty for one without addresses. */
 MOXSDK_EXPORT std::string ipAddress(const std::string &cameraId);
+/** Sets DeviceUserID, as if another host had. */
 MOXSDK_EXPORT void setUserName(const std::string &cameraId, const std::string &userName);
 
 /** Makes each port access of a camera take that much longer. */
