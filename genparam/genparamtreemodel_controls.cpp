@@ -81,7 +81,7 @@ QVariant floatControl(IFloat *number)
         return listControl(number, [](double value) { return QString::number(value, 'g', 6); });
     auto box = frameless<QDoubleSpinBox>();
     box->setAccelerated(true);
-    box->setDecimals(int(number->GetDisplayPrecision())); // the range is rounded to these, so they go first
+    box->setDecimals(digitsOf(*number)); // the range is rounded to these, so they go first
     box->setRange(number->GetMin(), number->GetMax());
     box->setSuffix(toQString(number->GetUnit()));
     box->setSingleStep(number->GetInc());

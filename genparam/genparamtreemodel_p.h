@@ -5,6 +5,7 @@
 
 #include <QString>
 
+#include <algorithm>
 #include <list>
 #include <map>
 #include <vector>
@@ -78,6 +79,13 @@ inline QString reasonOf(const GenICam::GenericException &e)
 {
     const char *text = e.GetDescription();
     return text ? QString::fromUtf8(text) : QStringLiteral("Unknown Error");
+}
+
+/** Digits behind the point. A description may name any number; for more than these a double has no use. */
+inline int digitsOf(GenApi::IFloat &number)
+{
+    constexpr std::int64_t most = 323;
+    return static_cast<int>(std::clamp<std::int64_t>(number.GetDisplayPrecision(), -1, most));
 }
 
 /** The description side of a value; throws as any null pointer of the node map does. */

@@ -230,7 +230,7 @@ QVariant GenParamTreeModelPrivate::DisplayRoleImp(IValue *value) const
         return QStringLiteral("Execute");
     case intfIFloat: {
         const CFloatPtr number(value);
-        const QString text = QString::number(number->GetValue(), 'f', int(number->GetDisplayPrecision()));
+        const QString text = QString::number(number->GetValue(), 'f', digitsOf(*number));
         return QString(text + toQString(number->GetUnit()));
     }
     case intfIString:

@@ -71,7 +71,7 @@ void addIntegerRange(QStringList &lines, IInteger *integer)
 
 void addFloatRange(QStringList &lines, IFloat *number)
 {
-    const int precision = int(number->GetDisplayPrecision());
+    const int precision = digitsOf(*number);
     addRange(
         lines, number, [precision](double real) { return QString::number(real, 'f', precision); },
         [](double real) { return QString::number(real, 'g', 6); });
