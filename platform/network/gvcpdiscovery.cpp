@@ -35,10 +35,15 @@ std::vector<DeviceRecord> GvcpDiscovery::run(std::chrono::milliseconds limit)
         return round % 2 != 0 || m_socket.broadcastThrough(m_adapter, m_port, command) || round > 0;
     };
     search(limit, ask, [] { return false; });
-    std::vector<DeviceRecord> records;
+    return records();
+}
+
+std::vector<DeviceRecord> GvcpDiscovery::records() const
+{
+    std::vector<DeviceRecord> result;
     for (const auto &[id, camera] : m_cameras)
-        records.push_back(camera.record);
-    return records;
+        result.push_back(camera.record);
+    return result;
 }
 
 std::optional<DeviceRecord> GvcpDiscovery::find(std::uint32_t address, std::chrono::milliseconds limit)

@@ -35,6 +35,11 @@ public:
      */
     std::optional<DeviceRecord> find(std::uint32_t address, std::chrono::milliseconds limit);
 
+    /** Takes in what came over the network, be it an answer or not; `run` and `find` do it with all that they hear. */
+    void handle(const UdpSocket::Datagram &datagram);
+    /** What is known so far, by ascending id. */
+    std::vector<DeviceRecord> records() const;
+
 private:
     struct Camera
     {
@@ -45,7 +50,6 @@ private:
     /** @p ask is called at each round's begin and ends the search with false, as @p isDone does at any time. */
     template<class Ask, class IsDone> void search(std::chrono::milliseconds limit, Ask ask, IsDone isDone);
     void askPrivilege(const Camera &camera);
-    void handle(const UdpSocket::Datagram &datagram);
     void addCamera(const Gvcp::DiscoveryAnswer &answer, bool isReached);
     void setPrivilege(const Gvcp::Acknowledge &acknowledge, std::uint32_t source);
     bool isAnothers(const UdpSocket::Datagram &datagram, std::uint32_t cameraAddress) const;
