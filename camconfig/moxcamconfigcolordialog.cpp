@@ -1,5 +1,6 @@
 #include "moxcamconfigcolordialog.h"
 
+#include "cutsignals.h"
 #include "deviceparams.h"
 #include "moxcamconfigcolordialog_p.h"
 #include "popupsize.h"
@@ -43,7 +44,7 @@ bool MoxCamConfigColorDialogPrivate::init(MoxCamConfigColorDialog *dialog, MoxCa
     device = newDevice;
     mapper.clearMappings();
     for (const Coefficient &coefficient : coefficients)
-        coefficient.unity->disconnect();
+        cutSignals(coefficient.unity);
     params = paramsOf(device);
     q->setEnabled(params);
     if (!params)

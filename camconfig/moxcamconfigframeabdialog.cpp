@@ -1,5 +1,6 @@
 #include "moxcamconfigframeabdialog.h"
 
+#include "cutsignals.h"
 #include "deviceparams.h"
 #include "moxcamconfigframeabdialog_p.h"
 #include "popupsize.h"
@@ -57,8 +58,8 @@ bool MoxCamConfigFrameABDialogPrivate::init(MoxCamConfigFrameABDialog *dialog, M
     device = newDevice;
     mapper.clearMappings();
     bound = std::make_unique<QObject>();
-    QObject::disconnect(ui->spBoxDigitalGain, nullptr, nullptr, nullptr);
-    QObject::disconnect(ui->spBoxExpTime, nullptr, nullptr, nullptr);
+    cutSignals(ui->spBoxDigitalGain);
+    cutSignals(ui->spBoxExpTime);
     params = paramsOf(device);
     q->setEnabled(params);
     if (!params) {

@@ -1,4 +1,5 @@
 // The values of frames A and B that the camera counts in other units than the dialog shows.
+#include "cutsignals.h"
 #include "moxcamconfigframeabdialog_p.h"
 
 #include "qtmoxgainslider.h"
@@ -142,7 +143,7 @@ void MoxCamConfigFrameABDialogPrivate::updateExposureTime()
     if (!same)
         return;
     // Not connected: the time is rounded, and written back it would take clocks from the exposure.
-    QObject::disconnect(control, nullptr, nullptr, nullptr);
+    cutSignals(control);
     control->setValue(time);
     control->setValue(time); // the slider's scale has rounded it; now the slider stands still
     connectExposureTime();

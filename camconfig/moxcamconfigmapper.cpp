@@ -1,5 +1,6 @@
 #include "moxcamconfigmapper.h"
 
+#include "cutsignals.h"
 #include "imoxcamconfigintconverter.h"
 #include "qtmoxsliderspinbox.h"
 #include "qtmoxspinbox.h"
@@ -76,7 +77,7 @@ bool MoxCamConfigMapper::begin(MoxGenParam::Param *param, const Records &records
         return false;
     }
     param->UnregisterEventSink(this);
-    QObject::disconnect(controlOf(records.first()), nullptr, nullptr, nullptr);
+    cutSignals(controlOf(records.first()));
     setEnabled(records, param->IsAvailable() && param->IsWritable());
     return true;
 }
@@ -262,7 +263,7 @@ void MoxCamConfigMapper::unmapControl(const MoxCamConfigMapData &record)
     if (!control)
         return;
     // The connections first: a slider that is being dragged is let go of by disabling it, and would report its value.
-    QObject::disconnect(control, nullptr, nullptr, nullptr);
+    cutSignals(control);
     setEnabled({record}, false);
 }
 
@@ -281,7 +282,7 @@ void MoxCamConfigMapper::clearMappings()
     const QHash<QString, Records> earlier = bindings;
     // All connections before the first control is disabled: that may take the focus from another one, and end its drag.
     for (const Records &records : earlier)
-        QObject::disconnect(controlOf(records.first()), nullptr, nullptr, nullptr);
+        cutSignals(controlOf(records.first()));
     for (const Records &records : earlier)
         unmapControl(records.first());
     bindings.clear();

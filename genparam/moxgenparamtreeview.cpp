@@ -1,5 +1,6 @@
 #include "moxgenparamtreeview.h"
 
+#include "cutsignals.h"
 #include "genparamcontroldata.h"
 #include "genparamdelegate.h"
 #include "genparamtreemodel.h"
@@ -175,26 +176,26 @@ void MoxGenParamTreeViewPrivate::connectModel(GenParamTreeModel *model, GenParam
     QObject::connect(
         model, &GenParamTreeModel::errorDisappeared, &receiver,
         [this](const QModelIndex &index, const QString &name, int id) { onErrorDisappeared(index, name, id); });
-    ui->pbStatus->disconnect();
+    cutSignals(ui->pbStatus);
     QObject::connect(ui->pbStatus, &QAbstractButton::clicked, &receiver, [this] { showErrors(); });
 }
 
 void MoxGenParamTreeViewPrivate::connectFilter(GenParamTreeVisibilityFilterProxyModel *proxy)
 {
-    ui->filterLineEdit->disconnect();
+    cutSignals(ui->filterLineEdit);
     QObject::connect(ui->filterLineEdit, &QLineEdit::textChanged, proxy,
                      &GenParamTreeVisibilityFilterProxyModel::setFilterText);
     // A dialog that is constructed with a node map has no options yet. They stay without effect there until the next
     // model connects them.
     if (!filterOptions)
         return;
-    checkBoxCase->disconnect();
+    cutSignals(checkBoxCase);
     QObject::connect(checkBoxCase, &QAbstractButton::clicked, proxy, [this, proxy](bool checked) {
         setOptionIcon();
         proxy->regExp.setCaseSensitivity(checked ? Qt::CaseSensitive : Qt::CaseInsensitive);
         proxy->invalidate();
     });
-    checkBoxWhole->disconnect();
+    cutSignals(checkBoxWhole);
     QObject::connect(checkBoxWhole, &QAbstractButton::clicked, proxy, [this, proxy](bool checked) {
         setOptionIcon();
         proxy->wholeWords = checked;
