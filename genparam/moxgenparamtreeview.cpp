@@ -23,10 +23,11 @@ namespace MoxGui {
 
 namespace {
 
-QString caption(const char *text)
+/** Captions are the form's, also those that the code adds. */
+struct Form
 {
-    return QCoreApplication::translate("GenParamTreeView", text);
-}
+    Q_DECLARE_TR_FUNCTIONS(GenParamTreeView)
+};
 
 QIcon image(const char *name)
 {
@@ -73,11 +74,15 @@ void MoxGenParamTreeViewPrivate::initFilterWidget(QWidget *dialog)
 {
     QLineEdit *field = ui->filterLineEdit;
     QAction *clear = field->addAction(image("clear_left"), QLineEdit::TrailingPosition);
-    clear->setToolTip(caption("Clear filter"));
+    clear->setToolTip(Form::tr("Clear filter"));
     QObject::connect(clear, &QAction::triggered, field, &QLineEdit::clear);
 
     filterOptionsAction = field->addAction(image("options"), QLineEdit::LeadingPosition);
-    filterOptionsAction->setToolTip(caption("Filter options"));
+    filterOptionsAction->setToolTip(Form::tr("Filter options"));
+    // Its button takes no focus.
+    filterOptionsAction->setShortcut(Qt::ALT | Qt::Key_Down);
+    filterOptionsAction->setShortcutContext(Qt::WidgetShortcut);
+    field->setAccessibleDescription(Form::tr("Alt+Down opens the filter options"));
     QObject::connect(filterOptionsAction, &QAction::triggered, &receiver, [this, field] {
         filterOptions->move(field->mapToGlobal(QPoint(0, field->height() - 1)));
         filterOptions->show();
@@ -90,12 +95,13 @@ void MoxGenParamTreeViewPrivate::initFilterWidget(QWidget *dialog)
     filterOptions->setObjectName(QStringLiteral("FilterOptions"));
     auto *layout = new QVBoxLayout(filterOptions);
     layout->setObjectName(QStringLiteral("verticalLayout"));
-    checkBoxCase = new QCheckBox(caption("Case Sensitive"), filterOptions);
+    checkBoxCase = new QCheckBox(Form::tr("Case Sensitive"), filterOptions);
     checkBoxCase->setObjectName(QStringLiteral("checkBoxCase"));
     layout->addWidget(checkBoxCase);
-    checkBoxWhole = new QCheckBox(caption("Whole Words Only"), filterOptions);
+    checkBoxWhole = new QCheckBox(Form::tr("Whole Words Only"), filterOptions);
     checkBoxWhole->setObjectName(QStringLiteral("checkBoxWhole"));
     layout->addWidget(checkBoxWhole);
+    checkBoxCase->setFocus(); // has it whenever the pop-up opens
 }
 
 void MoxGenParamTreeViewPrivate::initPolling()
@@ -256,7 +262,7 @@ void MoxGenParamTreeViewPrivate::showErrors()
     Ui_GenErrorsDlg form;
     form.setupUi(report);
     const QString info = errors.GetErrorInfo();
-    form.textErrors->setPlainText(info.isEmpty() ? caption("No Errors") : info);
+    form.textErrors->setPlainText(info.isEmpty() ? Form::tr("No Errors") : info);
     report->exec();
     delete report;
 }

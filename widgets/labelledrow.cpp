@@ -30,6 +30,24 @@ void LabelledRow::setLeftLabelText(const QString &text)
     }
     labelLeft->setText(text);
     labelLeft->setVisible(!text.isEmpty());
+    nameParts();
+}
+
+void LabelledRow::setAccessibleName(const QString &name)
+{
+    QWidget::setAccessibleName(name);
+    nameParts();
+}
+
+/** The parts have the focus, and a screen reader tells the name of what has it. */
+void LabelledRow::nameParts()
+{
+    const QString name = accessibleName().isEmpty() ? leftLabelText() : accessibleName();
+    const auto parts = findChildren<QWidget *>();
+    for (QWidget *part : parts) {
+        if (part->focusPolicy() != Qt::NoFocus)
+            part->setAccessibleName(name);
+    }
 }
 
 QString LabelledRow::topLabelText() const

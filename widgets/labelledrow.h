@@ -22,6 +22,11 @@ public:
     QString leftLabelText() const;
     /** Sets the text of the left label, which an empty text hides. The first call makes the label. */
     void setLeftLabelText(const QString &text);
+    /**
+     * Names the control and all of its parts for assistive tools. Without a name the parts take the left label's text.
+     * Hides the base's function, which cannot be overridden: to be called on the control's own type.
+     */
+    void setAccessibleName(const QString &name);
     /** The text of the upper label; empty where there is none. */
     QString topLabelText() const;
     /** Sets the text of the upper label, which an empty text hides. The first call makes the label. */
@@ -40,6 +45,8 @@ protected:
     QHBoxLayout *row() const { return layoutH; }
 
 private:
+    void nameParts();
+
     QHBoxLayout *const layoutH;
     QVBoxLayout *const layoutV;
     QLabel *labelLeft = nullptr;

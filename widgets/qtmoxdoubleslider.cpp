@@ -87,6 +87,11 @@ double QtMoxDoubleSlider::value() const
     return d->valueOf(slider()->value());
 }
 
+double QtMoxDoubleSlider::valueAt(int position) const
+{
+    return d->valueOf(position);
+}
+
 void QtMoxDoubleSlider::setValue(double value)
 {
     slider()->setValue(d->tickOf(value));

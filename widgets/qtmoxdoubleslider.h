@@ -30,6 +30,8 @@ public:
 
     /** The value of the slider's current tick. */
     double value() const;
+    /** The value of a position of the slider inside. */
+    double valueAt(int position) const;
 
     /** The lower bound, in value units. */
     double minimum() const;

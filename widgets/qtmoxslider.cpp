@@ -174,6 +174,11 @@ int QtMoxSlider::value() const
     return d->valueOf(slider()->value());
 }
 
+int QtMoxSlider::valueAt(int position) const
+{
+    return d->valueOf(position);
+}
+
 void QtMoxSlider::setValue(int value)
 {
     slider()->setValue(d->positionOf(value));

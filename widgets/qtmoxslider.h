@@ -38,6 +38,8 @@ public:
 
     /** The value of the slider's current position. */
     int value() const;
+    /** The value of a position of the slider inside. */
+    int valueAt(int position) const;
 
     /** The lowest position of the QSlider inside: on the linear scale the minimum, on the others no value at all. */
     int minimum() const;

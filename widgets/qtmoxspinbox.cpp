@@ -25,6 +25,7 @@ QtMoxSpinBoxPrivate::QtMoxSpinBoxPrivate(QtMoxSpinBox *owner)
     : slider(owner->slider()), button(new QToolButton(owner)), links(owner, owner->spinBox(), slider)
 {
     button->setObjectName(QStringLiteral("button"));
+    button->setAccessibleDescription(QtMoxSpinBox::tr("Opens a slider"));
     showOrientation();
     slider->setWindowFlags(Qt::Popup);
     slider->resize(slider->orientation() == Qt::Vertical ? QSize(20, 100) : QSize(100, 20));

@@ -1,5 +1,7 @@
 #include "sliderframe.h"
 
+#include "slideraccessible.h"
+
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QSlider>
@@ -15,6 +17,7 @@ SliderFrame::SliderFrame(Qt::Orientation orientation, QWidget *parent)
     labelMin->setObjectName(QStringLiteral("labelMin"));
     innerSlider->setObjectName(QStringLiteral("slider"));
     setFocusProxy(innerSlider);
+    SliderAccessible::install();
     buildLayout();
 }
 
