@@ -2,6 +2,7 @@
 
 #include "cutsignals.h"
 #include "deviceparams.h"
+#include "diagram.h"
 #include "moxcamconfigframeabdialog_p.h"
 #include "popupsize.h"
 #include "qtmoxslider.h"
@@ -96,6 +97,7 @@ void MoxCamConfigFrameABDialogPrivate::buildDialog()
     ui->setupUi(q);
     q->layout()->setSizeConstraint(QLayout::SetFixedSize);
     setLeftLabels();
+    ui->lblWdrImage->setPixmap(diagram(QStringLiteral(":/images/wdr.bmp")));
     ui->lineEditFrameCurrentSize->setReadOnly(true);
     shutterGroup = makeGroup(q, {ui->radioBtnRollingShutter, ui->radioBtnGlobalShutter});
     adcGroup = makeGroup(q, {ui->radioBtnAdcSelector10b, ui->radioBtnAdcSelector12b});

@@ -1,6 +1,7 @@
 #include "moxcamconfigpulsedialog.h"
 
 #include "deviceparams.h"
+#include "diagram.h"
 #include "moxcamconfigpulsedialog_p.h"
 #include "popupsize.h"
 #include "qtmoxslider.h"
@@ -41,6 +42,7 @@ bool MoxCamConfigPulseDialogPrivate::init(MoxCamConfigPulseDialog *dialog, MoxCa
 void MoxCamConfigPulseDialogPrivate::buildDialog()
 {
     ui->setupUi(q);
+    ui->label->setPixmap(diagram(QStringLiteral(":/images/pulseimage.bmp")));
     const QString suffix = QStringLiteral(" [%1s]:").arg(QChar(0x03BC));
     for (QLabel *label : {ui->lblPeriod, ui->lblWidth, ui->lblDelay})
         label->setText(label->text() + suffix);

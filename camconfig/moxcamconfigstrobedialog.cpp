@@ -1,6 +1,7 @@
 #include "moxcamconfigstrobedialog.h"
 
 #include "deviceparams.h"
+#include "diagram.h"
 #include "moxcamconfigstrobedialog_p.h"
 #include "qtmoxslider.h"
 #include "qtmoxsliderspinbox.h"
@@ -23,8 +24,11 @@ bool MoxCamConfigStrobeDialogPrivate::init(MoxCamConfigStrobeDialog *dialog, Mox
     if (!initialized) {
         ui->setupUi(dialog);
         q = dialog;
-        const QString delay = QStringLiteral("Delay [%1s]:").arg(QChar(0x03BC));
-        const QString width = QStringLiteral("Width [%1s]:").arg(QChar(0x03BC));
+        ui->lblStrobeImage->setPixmap(diagram(QStringLiteral(":/images/strobeBothExp.bmp")));
+        const QString delay =
+            QCoreApplication::translate("MoxCamConfigStrobeDialog", "Delay [%1s]:").arg(QChar(0x03BC));
+        const QString width =
+            QCoreApplication::translate("MoxCamConfigStrobeDialog", "Width [%1s]:").arg(QChar(0x03BC));
         for (QtMoxSliderSpinBox *box : {ui->spBoxStrobe1Delay, ui->spBoxStrobe2Delay})
             box->setLeftLabelText(delay);
         for (QtMoxSliderSpinBox *box : {ui->spBoxStrobe1Width, ui->spBoxStrobe2Width})
@@ -94,7 +98,7 @@ void MoxCamConfigStrobeDialogPrivate::setImageState()
         image = QStringLiteral(":/images/strobe1Exp_strobe2Read.bmp");
     else if (exposure2)
         image = QStringLiteral(":/images/strobe1Read_strobe2Exp.bmp");
-    ui->lblStrobeImage->setPixmap(QPixmap(image));
+    ui->lblStrobeImage->setPixmap(diagram(image));
 }
 
 MoxCamConfigStrobeDialog::MoxCamConfigStrobeDialog(MoxCam::Device *device, QWidget *parent)

@@ -60,14 +60,18 @@ for name in "${images[@]}"; do
     done
 done
 
-# Diagrams: 24 bits per pixel on white, one pixel per drawing unit.
+# Diagrams: 24 bits per pixel on white, one pixel per drawing unit, and two at 200 %.
 for name in "${diagrams[@]}"; do
     drawing=drawings/$name.svg
     # "strobe" is an icon as well; its diagram has a drawing of its own.
     [ "$name" != strobe ] || drawing=drawings/strobe_timing.svg
-    rsvg-convert --format=png --background-color=white \
-                 --output="$work/$name.png" "$drawing"
-    convert "$work/$name.png" -background white -alpha remove -alpha off \
-            -strip -density 96 -units PixelsPerInch -type TrueColor \
-            "BMP3:images/$name.bmp"
+    for scale in 1 2; do
+        suffix=
+        [ $scale -eq 1 ] || suffix=@2x
+        rsvg-convert --format=png --background-color=white --zoom=$scale \
+                     --output="$work/$name.png" "$drawing"
+        convert "$work/$name.png" -background white -alpha remove -alpha off \
+                -strip -density 96 -units PixelsPerInch -type TrueColor \
+                "BMP3:images/$name$suffix.bmp"
+    done
 done
