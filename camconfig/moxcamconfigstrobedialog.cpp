@@ -8,6 +8,7 @@
 
 #include "ui_moxcamconfigstrobedialog.h"
 
+#include <QCoreApplication>
 #include <QLayout>
 
 #include <algorithm>

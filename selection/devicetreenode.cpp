@@ -3,6 +3,8 @@
 #include "devicetreemodel.h"
 #include "sdkmetatypes.h"
 
+#include <QCoreApplication>
+
 DeviceTreeNode::DeviceTreeNode(DeviceTreeNode *parentNode, DeviceTreeModel *owner) : parent(parentNode), model(owner)
 { }
 
@@ -39,7 +41,7 @@ RootNode::RootNode(MoxCam::System *observedSystem, DeviceTreeModel *owner)
 QVariant RootNode::data(int column, int role) const
 {
     if (column == 0 && role == Qt::DisplayRole)
-        return DeviceTreeModel::tr("Name");
+        return QCoreApplication::translate("DeviceTreeModel", "Name");
     return {};
 }
 
