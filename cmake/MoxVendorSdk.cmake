@@ -26,3 +26,7 @@ add_library(MoxPlatform INTERFACE)
 target_link_libraries(MoxPlatform INTERFACE MoxPlatformHeaders "${MOX_VENDOR_API}" "${MOX_VENDOR_GENAPI}"
                                             "${MOX_VENDOR_GCBASE}")
 add_library(Mox::CameraApi ALIAS MoxPlatform)
+
+# The vendor's SDK is not installed along, and so Mox::CameraApi is no part of the CMake package. The installed library
+# finds the vendor's where they are now.
+set(CMAKE_INSTALL_RPATH_USE_LINK_PATH ON)

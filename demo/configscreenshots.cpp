@@ -22,17 +22,23 @@ namespace MoxDemo {
 
 namespace {
 
-/** Renders a dialog on a camera, and without one. */
-template<class Dialog>
-void renderDialog(Album &album, MoxCam::Device *camera, const char *name, const char *nameWithout)
+/** Renders a dialog on its camera. */
+void renderBound(Album &album, QDialog &dialog, const char *name)
 {
-    Dialog dialog(camera);
     dialog.setAttribute(Qt::WA_DontShowOnScreen);
     dialog.show();
     QEventLoop loop; // the frame size is read a second later
     QTimer::singleShot(1100, &loop, &QEventLoop::quit);
     loop.exec();
     album.save(dialog, name);
+}
+
+/** Renders a dialog on a camera, and without one. */
+template<class Dialog>
+void renderDialog(Album &album, MoxCam::Device *camera, const char *name, const char *nameWithout)
+{
+    Dialog dialog(camera);
+    renderBound(album, dialog, name);
     dialog.close();
     dialog.SetDevice(nullptr);
     album.render(dialog, nameWithout);
@@ -95,6 +101,17 @@ void renderConfiguration(Album &album, MoxCam::System *system)
     album.render(window, "config-disconnected.png");
 
     renderDialogs(album, camera.device.get(), plainCamera.device.get());
+}
+
+void renderConfigurationAgain(Album &album, MoxCam::DeviceInfo *camera, const char *ending)
+{
+    const OpenedCamera opened = openCamera(camera);
+    if (!opened.parameters)
+        return album.fail(opened.failure);
+    MoxGui::MoxCamConfig window(opened.device.get());
+    album.render(window, QByteArray("config").append(ending).append(".png"));
+    MoxGui::MoxCamConfigFrameABDialog dialog(opened.device.get());
+    renderBound(album, dialog, QByteArray("config-frameab").append(ending).append(".png"));
 }
 
 } // namespace MoxDemo

@@ -1,5 +1,6 @@
 // moxdemo: a small camera application that opens every family of the library.
 
+#include "appearance.h"
 #include "cameras.h"
 #include "mainwindow.h"
 #include "options.h"
@@ -43,6 +44,13 @@ bool addDescriptions(const QStringList &files)
 
 int showMainWindow(MoxCam::System *system, const Options &options)
 {
+    const QLocale locale = options.language.isEmpty() ? QLocale() : QLocale(options.language);
+    const Translation translation(locale);
+    if (!options.language.isEmpty() && !translation.isFound() && locale.language() != QLocale::English) {
+        QTextStream(stderr) << "moxdemo: no translation into " << options.language << '\n';
+        return 1;
+    }
+    QLocale::setDefault(locale); // numbers and dates too
     QApplication::setWindowIcon(QIcon(QStringLiteral(":/icons/moxicon.ico")));
     MainWindow window(system, options.poll);
     if (!options.descriptions.isEmpty()) // the last of them is the one to look at
@@ -84,7 +92,10 @@ int main(int argc, char **argv)
         QTextStream(stdout) << listing(discover(system.get()));
         return 0;
     }
-    if (!options.screenshots.isEmpty())
+    std::optional<DarkWindows> dark;
+    if (options.dark)
+        dark.emplace();
+    if (!options.screenshots.isEmpty()) // English, but for the pictures of other languages
         return takeScreenshots(system.get(), options.screenshots) ? 0 : 1;
     return showMainWindow(system.get(), options);
 }

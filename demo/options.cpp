@@ -27,6 +27,13 @@ void parseWorld(Options &options, const QString &world)
         leave(options, 1, QStringLiteral("moxdemo: no such world: %1 (simulated, real or both)").arg(world));
 }
 
+void parsePalette(Options &options, const QString &palette)
+{
+    options.dark = palette == QLatin1String("dark");
+    if (!options.dark && palette != QLatin1String("system"))
+        leave(options, 1, QStringLiteral("moxdemo: no such palette: %1 (system or dark)").arg(palette));
+}
+
 void parseFamily(Options &options, const QString &key)
 {
     const auto found = std::find_if(families.begin(), families.end(),
@@ -58,6 +65,13 @@ Options parseOptions(const QStringList &arguments)
                                          QStringLiteral("directory"));
     const QCommandLineOption list(QStringLiteral("list"),
                                   QStringLiteral("Print interfaces and cameras, and exit. Needs no display."));
+    const QCommandLineOption language(
+        QStringLiteral("language"),
+        QStringLiteral("Show the captions in de, zh_CN or en, not in the system's language."),
+        QStringLiteral("language"));
+    const QCommandLineOption palette(QStringLiteral("palette"),
+                                     QStringLiteral("Show the windows in the colours system (the default) or dark."),
+                                     QStringLiteral("palette"), QStringLiteral("system"));
     const QCommandLineOption version({QStringLiteral("v"), QStringLiteral("version")},
                                      QStringLiteral("Print the version, and exit."));
     const QCommandLineOption help({QStringLiteral("h"), QStringLiteral("help")},
@@ -65,7 +79,7 @@ Options parseOptions(const QStringList &arguments)
 
     QCommandLineParser parser;
     parser.setApplicationDescription(QStringLiteral("Opens the camera dialogs on simulated or real cameras."));
-    parser.addOptions({open, world, description, poll, screenshots, list, version, help});
+    parser.addOptions({open, world, description, poll, language, palette, screenshots, list, version, help});
 
     Options options;
     if (!parser.parse(arguments)) {
@@ -79,10 +93,13 @@ Options parseOptions(const QStringList &arguments)
         leave(options, 1, QStringLiteral("moxdemo: unexpected argument: ") + parser.positionalArguments().constFirst());
     } else {
         parseWorld(options, parser.value(world));
+        if (!options.exitCode)
+            parsePalette(options, parser.value(palette));
         if (!options.exitCode && parser.isSet(open))
             parseFamily(options, parser.value(open));
         options.descriptions = parser.values(description);
         options.poll = parser.isSet(poll);
+        options.language = parser.value(language);
         options.list = parser.isSet(list);
         options.screenshots = parser.value(screenshots);
     }

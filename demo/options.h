@@ -23,6 +23,8 @@ struct Options
     std::optional<Family> family; ///< to open at the start
     bool poll = false;
     bool list = false;
+    QString language; ///< of the captions, as QLocale reads it; empty for the system's
+    bool dark = false; ///< whether the windows are dark
     QString screenshots; ///< directory; empty for none
 };
 

@@ -2,6 +2,7 @@
 
 #include "actionscreenshots.h"
 #include "album.h"
+#include "appearance.h"
 #include "cameras.h"
 #include "configscreenshots.h"
 #include "mainwindow.h"
@@ -16,6 +17,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QDir>
+#include <QFontDatabase>
 #include <QLineEdit>
 #include <QPixmap>
 #include <QPushButton>
@@ -162,6 +164,24 @@ void renderMainWindow(Album &album, MoxCam::System *system, MoxCam::DeviceInfo *
     album.render(window, "moxdemo.png");
 }
 
+/** Some of the windows in other colours and languages. */
+void renderAppearances(Album &album, MoxCam::System *system, MoxCam::DeviceInfo *camera)
+{
+    {
+        const DarkWindows dark;
+        renderSelector(album, system, camera, false, "selector-dark.png");
+        renderParameterTreeAgain(album, camera, "tree-dark.png");
+        renderConfigurationAgain(album, camera, "-dark");
+    }
+    // Without the translation or the font there is nothing to see.
+    if (const Translation german(QLocale::German); german.isFound())
+        renderConfigurationAgain(album, camera, "-de");
+    if (!QFontDatabase().writingSystems().contains(QFontDatabase::SimplifiedChinese))
+        return;
+    if (const Translation chinese(QLocale(QStringLiteral("zh_CN"))); chinese.isFound())
+        renderConfigurationAgain(album, camera, "-zh");
+}
+
 } // namespace
 
 bool takeScreenshots(MoxCam::System *system, const QString &directory)
@@ -197,6 +217,7 @@ bool takeScreenshots(MoxCam::System *system, const QString &directory)
     renderConfiguration(album, system);
     renderActions(album, system);
     renderGallery(album);
+    renderAppearances(album, system, camera);
 
     MoxSim::clearWorld();
     renderSelector(album, system, nullptr, false, "selector-empty.png");

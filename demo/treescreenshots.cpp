@@ -87,6 +87,14 @@ QPixmap grabWithPopup(QWidget &widget, const QRect &part, QWidget &popup)
     return picture;
 }
 
+void renderAllFeatures(Album &album, Scene &scene, const char *name)
+{
+    scene.expand({"Device Control"});
+    scene.edit("Device Temperature Selector");
+    scene.view().treeView()->scrollToTop();
+    album.save(scene.view(), name);
+}
+
 void renderFilter(Album &album, Scene &scene)
 {
     scene.part<QLineEdit>("filterLineEdit")->setText(QStringLiteral("Trigger*"));
@@ -194,10 +202,7 @@ void renderParameterTree(Album &album, MoxCam::System *system)
     }
     {
         Scene scene(album, camera, MoxGui::VisibilityGuru);
-        scene.expand({"Device Control"});
-        scene.edit("Device Temperature Selector");
-        scene.view().treeView()->scrollToTop();
-        album.save(scene.view(), "tree-guru.png");
+        renderAllFeatures(album, scene, "tree-guru.png");
         renderFilter(album, scene);
     }
     {
@@ -206,6 +211,12 @@ void renderParameterTree(Album &album, MoxCam::System *system)
     }
     Scene scene(album, camera, MoxGui::VisibilityBasic);
     renderError(album, scene, camera->GetID());
+}
+
+void renderParameterTreeAgain(Album &album, MoxCam::DeviceInfo *camera, const char *name)
+{
+    Scene scene(album, camera, MoxGui::VisibilityGuru);
+    renderAllFeatures(album, scene, name);
 }
 
 } // namespace MoxDemo

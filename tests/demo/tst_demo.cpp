@@ -1,4 +1,4 @@
-// The demo's parts, and the program from outside.
+// The demo's parts.
 
 #include "datarow.h"
 #include "testmain.h"
@@ -16,10 +16,8 @@
 #include <QComboBox>
 #include <QDialogButtonBox>
 #include <QFile>
-#include <QImage>
 #include <QLineEdit>
 #include <QMenu>
-#include <QProcess>
 #include <QPushButton>
 #include <QRegularExpression>
 #include <QSignalSpy>
@@ -35,24 +33,6 @@
 using namespace MoxDemo;
 
 namespace {
-
-/** What a run of the program gave. */
-struct Run
-{
-    int exitCode = -1;
-    QString output;
-    QString errors;
-};
-
-Run runDemo(const QStringList &arguments)
-{
-    QProcess program;
-    program.start(QStringLiteral(MOXDEMO_PROGRAM), arguments);
-    if (!program.waitForFinished(60000) || program.exitStatus() != QProcess::NormalExit)
-        return {};
-    return {program.exitCode(), QString::fromUtf8(program.readAllStandardOutput()),
-            QString::fromUtf8(program.readAllStandardError())};
-}
 
 /** The first camera of the world that its host reaches so. */
 std::string cameraWith(MoxSim::Reach reach)
@@ -144,9 +124,6 @@ private Q_SLOTS:
     void parameterTreeOfALostCamera_data();
     void parameterTreeOfALostCamera();
     void configuration();
-    void list();
-    void refusals();
-    void screenshots();
 
 private:
     MoxCam::DeviceInfo *cameraInfo(const std::string &id) const;
@@ -191,7 +168,9 @@ void TestDemo::options_data()
     row("--open config", -1, "world 2 open 2");
     row("--open action", -1, "world 2 open 3");
     row("--open trees", 1, "moxdemo: no such family: trees (select, tree, config, action or gallery)\n");
+    row("--language zh_CN --palette dark", -1, "world 2 zh_CN dark");
     row("--world flat", 1, "moxdemo: no such world: flat (simulated, real or both)\n");
+    row("--palette pink", 1, "moxdemo: no such palette: pink (system or dark)\n");
     row("--pol", 1, "moxdemo: Unknown option 'pol'.\n");
     row("camera.xml", 1, "moxdemo: unexpected argument: camera.xml\n");
 }
@@ -214,6 +193,10 @@ void TestDemo::options()
             summary += QLatin1Char(' ') + file;
         if (read.poll)
             summary += QStringLiteral(" poll");
+        if (!read.language.isEmpty())
+            summary += QLatin1Char(' ') + read.language;
+        if (read.dark)
+            summary += QStringLiteral(" dark");
         if (read.list)
             summary += QStringLiteral(" list");
         if (!read.screenshots.isEmpty())
@@ -592,58 +575,6 @@ void TestDemo::configuration()
     QTRY_VERIFY(configurations().isEmpty());
     QVERIFY(openAndDescribe(cameraInfo(id)).ok);
     window.open(Family::Configuration); // ends with the main window
-}
-
-void TestDemo::list()
-{
-    const Run run = runDemo({QStringLiteral("--list")});
-    QCOMPARE(run.exitCode, 0);
-    QCOMPARE(run.errors, QString());
-    QCOMPARE(run.output,
-             QStringLiteral(
-                 "Simulated network adapter [Sim::GEV0]\n"
-                 "    Moxara MX-4K-AB (000001) [Moxara_MX-4K-AB_000001], read and write\n"
-                 "    Moxara MX-2K-M (000002) [Moxara_MX-2K-M_000002], no access\n"
-                 "    Moxara MX-2K-M (000003) [Moxara_MX-2K-M_000003], subnet mismatch\n" // the fourth does not answer
-                 "Simulated USB host [Sim::U3V0]\n"
-                 "    Moxara MX-2K-C U3 (000005) [Moxara_MX-2K-C_U3_000005], read and write\n"
-                 "    Moxara MX-2K-C U3 (000006) [Moxara_MX-2K-C_U3_000006], read and write\n"
-                 "Simulated frame grabber [Sim::CL0]\n"
-                 "    no cameras\n"));
-}
-
-void TestDemo::refusals()
-{
-    const Run unread =
-        runDemo({QStringLiteral("--list"), QStringLiteral("--description"), QStringLiteral("/missing.xml")});
-    QCOMPARE(unread.exitCode, 1);
-    QVERIFY(unread.errors.contains(QLatin1String("moxdemo: The description /missing.xml ")));
-    QCOMPARE(unread.output, QString());
-}
-
-void TestDemo::screenshots()
-{
-    const QTemporaryDir directory;
-    const QString out = directory.filePath(QStringLiteral("made/here"));
-    const Run run = runDemo({QStringLiteral("--screenshots"), out});
-    QCOMPARE(run.exitCode, 0);
-    QStringList files = run.output.trimmed().split(QLatin1Char('\n'));
-    files.removeAll(out + QStringLiteral("/selector-real.png")); // where a camera is connected
-    QCOMPARE(files.size(), 47);
-    for (const QString &file : qAsConst(files)) {
-        const QImage image(file);
-        QVERIFY2(file.startsWith(out) && image.width() >= 200 && image.height() >= 40, qPrintable(file));
-    }
-    for (const char *other : {"/selector-polling.png", "/selector-usb.png", "/selector-empty.png"})
-        QVERIFY2(QImage(out + QLatin1String("/selector.png")) != QImage(out + QLatin1String(other)), other);
-    QVERIFY(QImage(out + QLatin1String("/selector-stranded.png"))
-            != QImage(out + QLatin1String("/selector-repaired.png")));
-    // The address that they connect to is not left behind in the user's settings.
-    QVERIFY(!QFile::exists(qEnvironmentVariable("XDG_CONFIG_HOME") + QStringLiteral("/Moxara/MoxCameraGuiApi.conf")));
-
-    QFile blocker(directory.filePath(QStringLiteral("file")));
-    QVERIFY(blocker.open(QIODevice::WriteOnly));
-    QCOMPARE(runDemo({QStringLiteral("--screenshots"), blocker.fileName()}).exitCode, 1);
 }
 
 MOX_TEST_MAIN(TestDemo)
