@@ -9,8 +9,8 @@
 #include "genparamtreemodel.h"
 #include "genparamtreevisibilityfilterproxymodel.h"
 #include "moxgenparamtreeview.h"
-#include "stopwatch.h"
 #include "syntheticdevice.h"
+#include "table.h"
 
 #include <QApplication>
 #include <QLoggingCategory>
@@ -18,9 +18,7 @@
 #include <QStandardItemModel>
 #include <QTreeView>
 
-#include <cstdio>
 #include <functional>
-#include <map>
 
 using namespace GenApi;
 using namespace MoxBench;
@@ -185,31 +183,15 @@ void fill(QStandardItemModel &items, INodeMap &map)
         items.appendRow(itemsOf(model, model.index(i, 0)));
 }
 
-/** The quickest times of all rows of the table, and those of the size before for the growth. */
-class Table
+/** The rows at one size. */
+struct Rows
 {
-public:
-    void begin(int features)
-    {
-        std::printf("\n%5d features%36s %12s %8s", features, "tree, us", "Qt, us", "ratio");
-        std::printf(before.empty() ? "\n" : "  growth at %.1f times the features\n", double(features) / size);
-        size = features;
-    }
     void add(const char *what, const std::vector<double> &ours, const std::vector<double> &stock)
     {
-        const double a = quickest(ours);
-        const double b = quickest(stock);
-        std::printf("  %-48s %12.1f %12.1f %8.2f", what, a, b, a / b);
-        const auto old = before.find(what);
-        if (old != before.end())
-            std::printf("  %.1f, Qt %.1f", a / old->second.first, b / old->second.second);
-        std::printf("\n");
-        before[what] = {a, b};
+        table.add(what, size, quickest(stock), quickest(ours));
     }
-
-private:
-    std::map<std::string, std::pair<double, double>> before;
-    int size = 0;
+    Table &table;
+    const int size;
 };
 
 /** Lets all take turns, once in vain and then each as the first equally often; @p work is told whose turn it is. */
@@ -243,7 +225,7 @@ struct Life
     }
 };
 
-void lives(Table &table, const std::string &description, QStandardItemModel &rows, QSize treeSize, int rounds)
+void lives(Rows table, const std::string &description, QStandardItemModel &rows, QSize treeSize, int rounds)
 {
     Life ours, stock, inDialog;
     alternate(rounds, 3, [&](int turn, bool inVain) {
@@ -268,7 +250,7 @@ void lives(Table &table, const std::string &description, QStandardItemModel &row
 }
 
 template<class OursWork, class StockWork>
-void compare(Table &table, const char *what, int rounds, int steps, OursWork oursWork, StockWork stockWork)
+void compare(Rows table, const char *what, int rounds, int steps, OursWork oursWork, StockWork stockWork)
 {
     std::vector<double> ours, stock;
     alternate(rounds, 2, [&](int turn, bool inVain) {
@@ -282,7 +264,7 @@ void compare(Table &table, const char *what, int rounds, int steps, OursWork our
 
 /** Does the same to both windows. */
 template<class Work>
-void compare(Table &table, const char *what, int rounds, int steps, Ours &ours, Stock &stock, Work work)
+void compare(Rows table, const char *what, int rounds, int steps, Ours &ours, Stock &stock, Work work)
 {
     compare(
         table, what, rounds, steps, [&] { work(ours); }, [&] { work(stock); });
@@ -297,7 +279,7 @@ void visit(const QAbstractItemModel &model, const QModelIndex &parent = {})
 
 const QString keystrokes[] = {QStringLiteral("1"), QStringLiteral("12"), QStringLiteral("1"), QString()};
 
-void proxiesAlone(Table &table, INodeMap &map, QStandardItemModel &rows, int rounds)
+void proxiesAlone(Rows table, INodeMap &map, QStandardItemModel &rows, int rounds)
 {
     GenParamTreeModel model(&map);
     GenParamTreeVisibilityFilterProxyModel ours(nullptr);
@@ -328,7 +310,7 @@ void proxiesAlone(Table &table, INodeMap &map, QStandardItemModel &rows, int rou
         });
 }
 
-void days(Table &table, Ours &ours, Stock &stock, int rounds)
+void days(Rows table, Ours &ours, Stock &stock, int rounds)
 {
     constexpr int steps = 20;
     compare(table, "repaint without a change", rounds, steps, ours, stock, [](auto &side) {
@@ -370,17 +352,16 @@ void days(Table &table, Ours &ours, Stock &stock, int rounds)
     });
 }
 
-void accesses(const std::string &description)
+void accesses(Rows table, const std::string &description)
 {
     Device device(description);
     std::unique_ptr<Ours> ours;
-    const auto count = [&device](const char *what, const std::function<void()> &work) {
+    const auto count = [&](const std::string &what, const std::function<void()> &work) {
         const long before = device.port.accesses;
         work();
-        std::printf("  %-48s %12ld\n", what, device.port.accesses - before);
+        table.table.count("port accesses: " + what, table.size, device.port.accesses - before);
     };
     const auto repaint = [&ours] { ours->tree()->viewport()->repaint(); };
-    std::printf("  port accesses\n");
     count("opening and first paint", [&] {
         ours = std::make_unique<Ours>(device);
         ours->view.resize(windowSize);
@@ -393,9 +374,9 @@ void accesses(const std::string &description)
     });
     count("repaint without a change", repaint);
     count("poll with nothing due", [&] { device.map->Poll(1); });
-    count("repaint after it", repaint);
+    count("repaint after such a poll", repaint);
     count("poll with every tenth feature due", [&] { device.map->Poll(1000); });
-    count("repaint after it", repaint);
+    count("repaint after what was due", repaint);
     count("filter keystroke, painted", [&] {
         ours->setText(keystrokes[1]);
         ours->waitForPaint();
@@ -415,28 +396,28 @@ int main(int argc, char **argv)
     std::vector<int> sizes{200, 450, 5000, 20000};
     if (argc > 1)
         sizes = {std::max(std::atoi(argv[1]), 200)};
-    Table table;
+    Table table("parameter tree");
     for (int features : sizes) {
+        const Rows at{table, features};
         const int rounds = features < 1000 ? 24 : features < 10000 ? 10 : 4;
         const std::string description = syntheticDescription(features);
         Device device(description);
         QStandardItemModel rows;
         fill(rows, *device.map);
 
-        table.begin(features);
         Ours ours(device);
         ours.view.resize(windowSize);
         ours.view.show();
         ours.waitForPaint();
-        lives(table, description, rows, ours.tree()->size(), rounds);
-        proxiesAlone(table, *device.map, rows, rounds);
+        lives(at, description, rows, ours.tree()->size(), rounds);
+        proxiesAlone(at, *device.map, rows, rounds);
         Stock stock(rows);
         stock.window()->resize(ours.tree()->size());
         stock.window()->show();
         for (QTreeView *tree : {ours.tree(), stock.tree()})
             tree->expandAll();
-        days(table, ours, stock, rounds);
-        accesses(description);
+        days(at, ours, stock, rounds);
+        accesses(at, description);
     }
     return 0;
 }

@@ -2,6 +2,7 @@
 // the tree beside a ready QStandardItemModel of the same rows.
 #include "devicetreemodel.h"
 #include "fakesdk.h"
+#include "table.h"
 
 #include <QApplication>
 #include <QElapsedTimer>
@@ -9,16 +10,14 @@
 #include <QTreeView>
 
 #include <algorithm>
-#include <cstdio>
 
 using namespace MoxTest;
 
 namespace {
 
-constexpr int interfaceCount = 64;
 constexpr int camerasPerInterface = 16;
 
-void fill(FakeSystem &system)
+void fill(FakeSystem &system, int interfaceCount)
 {
     for (int i = 0; i < interfaceCount; ++i) {
         FakeInterface *iface = system.add("interface-" + std::to_string(i), "Adapter " + std::to_string(i));
@@ -29,7 +28,7 @@ void fill(FakeSystem &system)
     }
 }
 
-/** Shortest time of an action in microseconds. */
+/** Shortest time of an action in microseconds, by the clock: discovery waits. */
 template<class Action> double shortest(int runs, Action action)
 {
     qint64 best = std::numeric_limits<qint64>::max();
@@ -59,12 +58,6 @@ std::size_t bareWalk(FakeSystem &system)
     return found.size();
 }
 
-void row(const char *what, double microseconds, double baseline)
-{
-    std::printf("%-44s %10.1f us %8.2f x %10.1f us more\n", what, microseconds, microseconds / baseline,
-                microseconds - baseline);
-}
-
 std::unique_ptr<QStandardItemModel> ready(const DeviceTreeModel &model)
 {
     auto items = std::make_unique<QStandardItemModel>();
@@ -78,7 +71,7 @@ std::unique_ptr<QStandardItemModel> ready(const DeviceTreeModel &model)
     return items;
 }
 
-void enumeration(FakeSystem &system, unsigned discoveryTime, int runs)
+void enumeration(MoxBench::Table &table, FakeSystem &system, int cameraCount, unsigned discoveryTime, int runs)
 {
     system.discoveryTime = discoveryTime;
     std::size_t cameras = 0;
@@ -89,17 +82,16 @@ void enumeration(FakeSystem &system, unsigned discoveryTime, int runs)
     const double get = shortest(runs, [&] { model.getDevices(interfaces, devices); });
     bool changed = false;
     const double check = shortest(runs, [&] { changed = model.checkNew(); });
-    if (cameras != interfaceCount * camerasPerInterface || interfaces.size() != interfaceCount || changed)
+    if (cameras != std::size_t(cameraCount) || interfaces.size() * camerasPerInterface != cameras || changed)
         qFatal("the enumerations disagree");
 
-    std::printf("\nEnumeration, discovery %u ms on each of %d interfaces with %d cameras\n", discoveryTime,
-                interfaceCount, camerasPerInterface);
-    row("bare walk of the SDK's lists", walk, walk);
-    row("DeviceTreeModel::getDevices", get, walk);
-    row("DeviceTreeModel::checkNew", check, walk);
+    const std::string baseline =
+        " beside a bare walk of the lists, discovery " + std::to_string(discoveryTime) + " ms an interface";
+    table.add("listing all cameras" + baseline, cameraCount, walk, get);
+    table.add("looking for changes" + baseline, cameraCount, walk, check);
 }
 
-void rebuild(FakeSystem &system, int runs)
+void rebuild(MoxBench::Table &table, FakeSystem &system, int cameraCount, int rounds)
 {
     system.discoveryTime = 0;
     DeviceTreeModel model(&system, nullptr);
@@ -110,33 +102,32 @@ void rebuild(FakeSystem &system, int runs)
     view.show();
     QCoreApplication::processEvents();
     model.checkNew();
-    const double update = shortest(runs, [&] {
+    const auto update = [&] {
         model.updateModel();
         view.expandAll();
         view.grab();
-    });
+    };
 
     QTreeView stock;
     stock.resize(400, 400);
     stock.show();
     const auto fresh = ready(model);
-    const double show = shortest(runs, [&] {
+    const auto show = [&] {
         stock.setModel(nullptr);
         stock.setModel(fresh.get());
         stock.expandAll();
         stock.grab();
-    });
-    const double build = shortest(runs, [&] {
+    };
+    const auto build = [&] {
         const auto items = ready(model);
         stock.setModel(items.get());
         stock.expandAll();
         stock.grab();
         stock.setModel(nullptr);
-    });
-    std::printf("\nTree of %d rows, rebuilt, expanded and painted\n", interfaceCount * (1 + camerasPerInterface));
-    row("QStandardItemModel, ready", show, show);
-    row("QStandardItemModel, filled anew", build, show);
-    row("DeviceTreeModel::updateModel", update, show);
+    };
+    const std::string what = "tree rebuilt, expanded and painted, beside a QStandardItemModel ";
+    table.compare(what + "that is ready", cameraCount, rounds, 1, show, update);
+    table.compare(what + "filled anew", cameraCount, rounds, 1, build, update);
 }
 
 } // namespace
@@ -146,10 +137,14 @@ int main(int argc, char **argv)
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication app(argc, argv);
-    FakeSystem system;
-    fill(system);
-    enumeration(system, 0, 200);
-    enumeration(system, 1, 20);
-    rebuild(system, 50);
+    MoxBench::Table table("camera selector");
+    for (const int interfaceCount : {4, 16, 64}) {
+        FakeSystem system;
+        fill(system, interfaceCount);
+        const int cameraCount = interfaceCount * camerasPerInterface;
+        enumeration(table, system, cameraCount, 0, 200);
+        enumeration(table, system, cameraCount, 1, 20);
+        rebuild(table, system, cameraCount, 30);
+    }
     return 0;
 }

@@ -9,7 +9,7 @@
 #include "qtmoxspinbox.h"
 #include "qtmoxspinboxval.h"
 #include "qtmoxspinboxval64.h"
-#include "stopwatch.h"
+#include "table.h"
 
 #include <QApplication>
 #include <QHBoxLayout>
@@ -21,7 +21,6 @@
 #include <QStyleOptionSlider>
 
 #include <cmath>
-#include <cstdio>
 #include <functional>
 #include <vector>
 
@@ -29,6 +28,8 @@ namespace {
 
 constexpr int rounds = 41;
 qint64 received = 0; // signals of both sides
+MoxBench::Table table("value widgets");
+std::string pair; // that is compared
 
 /** An action on a widget that has the focus while the action is timed. */
 struct Side
@@ -61,15 +62,12 @@ void compare(const char *what, int runs, const Side &ours, const Side &theirs)
         if (round % 2 == 0)
             measure(ours, ourTimes);
     }
-    const double our = MoxBench::quickest(ourTimes);
-    const double their = MoxBench::quickest(theirTimes);
-    std::printf("  %-44s %9.2f us %9.2f us %7.2f x\n", what, our, their, our / their);
-    std::fflush(stdout);
+    table.add(pair + ": " + what, 0, MoxBench::quickest(theirTimes), MoxBench::quickest(ourTimes));
 }
 
-void heading(const char *ours, const char *theirs)
+void heading(const std::string &ours, const std::string &theirs)
 {
-    std::printf("\n%s beside %s\n", ours, theirs);
+    pair = ours + " beside " + theirs;
 }
 
 void click(QWidget *widget, int key, const QString &text = {})
@@ -292,7 +290,6 @@ int main(int argc, char **argv)
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication app(argc, argv);
-    std::printf("Value widgets: ours, Qt's, and the ratio; the quickest of %d rounds each\n", rounds);
     spinBoxes<QtMoxSpinBoxVal64, QSpinBox>("QtMoxSpinBoxVal64", "QSpinBox");
     spinBoxes<QtMoxSpinBoxVal, QSpinBox>("QtMoxSpinBoxVal", "QSpinBox");
     spinBoxes<QtMoxDoubleSpinBoxVal, QDoubleSpinBox>("QtMoxDoubleSpinBoxVal", "QDoubleSpinBox");
