@@ -3,9 +3,8 @@
 #include "devicetreenode.h"
 #include "sdkmetatypes.h"
 
-#include <QScopeGuard>
-
 #include <algorithm>
+#include <exception>
 #include <iterator>
 
 namespace {
@@ -82,7 +81,12 @@ int DeviceTreeModel::columnCount(const QModelIndex &) const
 
 QVariant DeviceTreeModel::data(const QModelIndex &index, int role) const
 {
-    return index.isValid() ? node(index)->data(index.column(), role) : QVariant();
+    try {
+        return index.isValid() ? node(index)->data(index.column(), role) : QVariant();
+    } catch (...) {
+        // A view paints from here. Unwound through Qt, it would leave a painter behind, and the window blank for good.
+        return {};
+    }
 }
 
 QVariant DeviceTreeModel::headerData(int section, Qt::Orientation orientation, int role) const
@@ -193,12 +197,18 @@ void DeviceTreeModel::updateModel()
 void DeviceTreeModel::rescan()
 {
     beginResetModel();
-    // Also when the SDK throws: the nodes must not outlive the list that they were made from.
-    const auto end = qScopeGuard([this] {
-        renewRoot();
-        endResetModel();
-    });
-    getDevices(interfaces, devices);
+    std::exception_ptr failure;
+    try {
+        getDevices(interfaces, devices);
+    } catch (...) {
+        failure = std::current_exception();
+    }
+    // Also when the SDK throws: the nodes must not outlive the list that they were made from. The view asks the SDK for
+    // texts in here, which may throw, too.
+    renewRoot();
+    endResetModel();
+    if (failure)
+        std::rethrow_exception(failure);
 }
 
 void DeviceTreeModel::renewRoot()
