@@ -8,8 +8,8 @@
 namespace MoxGui {
 
 /**
- * A picture of the resources in its own size, and with more pixels where the screen has them: an icon takes the file
- * "@2x" then, a pixmap would not.
+ * A picture of the resources in its own size, and with more pixels where the screen has them and the application asks
+ * for them (Qt::AA_UseHighDpiPixmaps): an icon takes the file "@2x" then, a pixmap would not.
  */
 inline QPixmap diagram(const QString &path)
 {
