@@ -62,6 +62,8 @@ QVariant SliderAccessible::currentValue() const
 
 void SliderAccessible::setCurrentValue(const QVariant &value)
 {
+    if (!widget()->isEnabled())
+        return;
     ofOwner(object(), [&value](auto *owner) {
         owner->setValue(value.value<decltype(owner->value())>());
         return true;
