@@ -20,6 +20,7 @@ bool MoxCamConfigOutputDialogPrivate::init(MoxCamConfigOutputDialog *dialog, Mox
     if (!initialized) {
         ui->setupUi(dialog);
         q = dialog;
+        // The same in every language.
         ui->spBoxDpcDynThres->setLeftLabelText(QStringLiteral("Dyn.Thres.:"));
         ui->spBoxHpcDynThres->setLeftLabelText(QStringLiteral("Dyn.Thres.:"));
         // For Camera Link models: hidden for good, and bound below all the same.

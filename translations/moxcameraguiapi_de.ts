@@ -645,7 +645,7 @@ Zeilenzeit [pclk]:</translation>
     </message>
     <message>
         <source>fps</source>
-        <translation>B/s</translation>
+        <translation>Bilder/s</translation>
     </message>
     <message>
         <source>FTM</source>

@@ -3,6 +3,7 @@
 #define MOX_CUTSIGNALS_H
 
 #include <QMetaMethod>
+#include <QObject>
 
 /**
  * Cuts every connection of the signals of @p sender, which may be null, but those of destroyed(). QObject::disconnect()

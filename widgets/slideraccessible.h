@@ -5,8 +5,8 @@
 #include <QAccessibleWidget>
 
 /**
- * The slider inside a QtMoxSlider or QtMoxDoubleSlider, with the owner's values where Qt's own interface tells positions: on a scale that is
- * not linear, and on a double slider, these are other numbers.
+ * The slider inside a QtMoxSlider or QtMoxDoubleSlider, with the owner's values where Qt's own interface tells
+ * positions: on a scale that is not linear, and on a double slider, these are other numbers.
  *
  * Made and owned by QAccessible. GUI thread only.
  */

@@ -18,7 +18,8 @@ namespace MoxTest {
 /**
  * Answers the modal windows and menus that open one after the other, as long as it lives. An answer is
  * "field=text button", either part of it alone, "first" for a menu's first entry, or nothing to close the window without
- * a button; answers are parted by semicolons. It keeps what the windows said and leaves none open, whatever a comparison in `before` finds.
+ * a button; answers are parted by semicolons. It keeps what the windows said and leaves none open, whatever a comparison
+ * in `before` finds.
  */
 class ModalUser
 {

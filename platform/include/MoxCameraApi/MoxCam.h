@@ -213,7 +213,10 @@ public:
      * number, and a null callback, give "invalid argument".
      */
     virtual MoxCamErr RegisterEvent(int eventId, EventCallback callback, void *context) = 0;
-    /** Ends a registration, if there is one with these arguments. Waits for a running call of this callback, unless it is called inside an event callback. */
+    /**
+     * Ends a registration, if there is one with these arguments. Waits for a running call of this callback, unless it is
+     * called inside an event callback.
+     */
     virtual MoxCamErr UnregisterEvent(int eventId, EventCallback callback, void *context) = 0;
     /** The camera's parameters, valid until `Release`; null with an error when the camera gave none. */
     virtual MoxGenParam::Array *GetCameraParameters(MoxCamErr *err) = 0;

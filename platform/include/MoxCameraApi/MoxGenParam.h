@@ -67,7 +67,10 @@ public:
     virtual bool IsWritable() = 0;
     /** Whether it may be read now. */
     virtual bool IsReadable() = 0;
-    /** Subscribes a sink; null does nothing, and one that is subscribed stays so once. With an SDK that does not hear of its end, it must outlive the subscription or the device. */
+    /**
+     * Subscribes a sink; null does nothing, and one that is subscribed stays so once. With an SDK that does not hear of its
+     * end, it must outlive the subscription or the device.
+     */
     virtual void RegisterEventSink(ParamEventSink *sink) = 0;
     /**
      * Harmless when the sink is not subscribed. To be called on the GUI thread: there the sink is free to go afterwards,
