@@ -25,9 +25,9 @@ struct Box : QtMoxSpinBoxVal64
     explicit Box(QWidget *parent = nullptr) : QtMoxSpinBoxVal64(parent)
     {
         connect(this, QOverload<qlonglong>::of(&Box::valueChanged), this,
-                [this](qlonglong number) { log << emitted(number, {}).first(); });
+                [this](qlonglong number) { log << emitted(number, {}).constFirst(); });
         connect(this, QOverload<const QString &>::of(&Box::valueChanged), this,
-                [this](const QString &text) { log << emitted(0, text).last(); });
+                [this](const QString &text) { log << emitted(0, text).constLast(); });
     }
     using QtMoxSpinBoxVal64::lineEdit;
     using QtMoxSpinBoxVal64::stepEnabled;
@@ -271,7 +271,7 @@ private Q_SLOTS:
     /** Against the rule in wider integers. */
     void snappingAtRandom()
     {
-        auto &random = *QRandomGenerator::global();
+        QRandomGenerator random(1);
         Box box;
         box.setValidateStepping(true);
         for (int i = 0; i < 2000; ++i) {

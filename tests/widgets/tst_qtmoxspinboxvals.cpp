@@ -152,7 +152,7 @@ private Q_SLOTS:
     /** Against integers, in units of which all numbers are multiples. */
     void doublesAtRandom()
     {
-        auto &random = *QRandomGenerator::global();
+        QRandomGenerator random(1);
         QtMoxDoubleSpinBoxVal box;
         box.setDecimals(10);
         box.setValidate(true);
