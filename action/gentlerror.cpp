@@ -22,8 +22,8 @@ constexpr const char *messages[] = {
     "Communication error has occurred",
     "An operation's timeout time expired before it could be completed",
     "An operation has been aborted before it could be completed",
-    "The GenTL Consumer has not announced enough buffers to start the acquisition in the currently active acquisition "
-    "mode",
+    ("The GenTL Consumer has not announced enough buffers to start the acquisition in the currently active acquisition "
+     "mode"),
     "Resource or information is not available at a given time in a current state",
     "A given address is out of range or invalid for internal reasons",
     "A provided buffer is too small to receive the expected amount of data",

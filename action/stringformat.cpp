@@ -16,6 +16,7 @@ struct Free
 
 } // namespace
 
+// NOLINTNEXTLINE(performance-unnecessary-value-param): va_start() takes no reference
 std::string string_format(std::string format, ...)
 {
     std::size_t size = 100;

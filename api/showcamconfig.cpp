@@ -19,7 +19,7 @@ template<class Window> static void showOnce(MoxCam::Device *device, unsigned lon
     const bool owned = owner;
     auto window = std::make_unique<Window>(device, owner.data());
     if (owned && !owner)
-        window.release(); // deleted with its owner while it let the user select a camera
+        static_cast<void>(window.release()); // deleted with its owner while it let the user select a camera
     else
         window->show();
 }

@@ -215,7 +215,7 @@ MoxCamConfig::~MoxCamConfig()
 void MoxCamConfig::SetDevice(MoxCam::Device *device)
 {
     // A device of the window's own is not released here, and nobody else does it: the window no longer owns any.
-    d->ownDevice.release();
+    static_cast<void>(d->ownDevice.release());
     d->setDevice(device);
 }
 

@@ -106,7 +106,7 @@ void MoxCamConfigMapper::showErrorMessage(MoxCamErr err, QWidget *parent, MoxGen
     // The name goes in first, so that one which holds "%2" takes the description. The lone byte 0x92 in one of the
     // descriptions is no UTF-8 and shows as the replacement character.
     const QString text = QStringLiteral("Error while working with '%1' parameter!\r\nDescription: %2")
-                             .arg(nameOf(param))
+                             .arg(nameOf(param)) // clazy:exclude=qstring-arg
                              .arg(QString::fromUtf8(descriptionOf(err)));
     // What QMessageBox::critical does, but for the parent that may be deleted or disabled while the box is open.
     const ModalDialog<ErrorBox> box(QMessageBox::Critical, QString(), text, QMessageBox::Ok, parent);

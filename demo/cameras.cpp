@@ -21,7 +21,7 @@ QString parameter(MoxGenParam::Array *parameters, const char *name, MoxCamErr *e
     if (!text)
         return QString();
     MoxCamErr result = MoxCamError::Success;
-    const QString value = QString::fromUtf8(text->GetValue(&result));
+    QString value = QString::fromUtf8(text->GetValue(&result));
     if (result != MoxCamError::Success)
         *error = result;
     return value;

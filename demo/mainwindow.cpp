@@ -126,7 +126,7 @@ QWidget *MainWindow::createFamilies(bool poll)
     for (const FamilyInfo &info : families) {
         QPushButton *entry = createEntry(latin1(info.key), latin1(info.caption), latin1(info.purpose), group);
         entry->setToolTip(latin1(info.function));
-        connect(entry, &QPushButton::clicked, this, [this, &info] { open(info.family); });
+        connect(entry, &QPushButton::clicked, this, [this, family = info.family] { open(family); });
         layout->addWidget(entry);
         if (info.family == Family::Select)
             addSelectorOptions(layout, poll);

@@ -64,7 +64,7 @@ void ParameterTree::raise()
 
 QString ParameterTree::saveState()
 {
-    const QString state = QString::fromUtf8(m_view->saveState());
+    QString state = QString::fromUtf8(m_view->saveState());
     DemoSettings().setValue(m_stateKey, state);
     return state;
 }

@@ -10,7 +10,7 @@ using namespace GenApi;
 
 namespace {
 
-const QVector<int> s_roles{Qt::EditRole};
+const QVector<int> s_roles{Qt::EditRole}; // clazy:exclude=non-pod-global-static (one allocation)
 
 gcstring utf8Of(const QVariant &value)
 {

@@ -61,7 +61,7 @@ std::string MoxGenParamTreeViewPrivate::saveState(const QModelIndex &index, cons
     if (ui->treeView->isExpanded(index)) {
         entries = nameOf(index);
         for (QModelIndex parent = index.parent(); parent.isValid(); parent = parent.parent())
-            entries = nameOf(parent) + '/' + entries;
+            entries.insert(0, nameOf(parent) + '/');
         entries += delimiter;
     }
     // Also below a collapsed category: what is expanded there comes back with it.

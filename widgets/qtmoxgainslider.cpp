@@ -29,9 +29,9 @@ public:
         // the first has brought it back by then where the tick moves. Both stay.
         QtMoxDoubleSpinBoxVal *const spinBox = owner->spinBox();
         QtMoxDoubleSlider *const slider = owner->slider();
-        const auto valueChanged = QOverload<double>::of(&QtMoxDoubleSpinBoxVal::valueChanged);
-        QObject::connect(spinBox, valueChanged, slider, &QtMoxDoubleSlider::setValue);
-        QObject::connect(spinBox, valueChanged, slider,
+        QObject::connect(spinBox, QOverload<double>::of(&QtMoxDoubleSpinBoxVal::valueChanged), slider,
+                         &QtMoxDoubleSlider::setValue);
+        QObject::connect(spinBox, QOverload<double>::of(&QtMoxDoubleSpinBoxVal::valueChanged), slider,
                          [slider, spinBox](double value) { moveSilently(slider, value, spinBox); });
         links.connectAll();
     }

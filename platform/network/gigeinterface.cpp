@@ -65,7 +65,7 @@ GigEInterface::GigEInterface(const std::string &id, const Adapter &adapter, std:
 
 AdapterFacts GigEInterface::adapterFacts() const
 {
-    return current(m_adapter);
+    return static_cast<const AdapterFacts &>(current(m_adapter)); // what a network adapter knows beyond that stays here
 }
 
 std::unique_ptr<Link> GigEInterface::openLink(const DeviceRecord &record)

@@ -209,6 +209,7 @@ void CameraRegisters::write(const std::uint8_t *bytes, std::int64_t address, std
     // Only bit fields share their bytes with writable ones.
     const std::vector<Touched> parts = touched(address, length);
     std::vector<std::int64_t> protectedValues;
+    protectedValues.reserve(parts.size());
     for (const Touched &part : parts)
         protectedValues.push_back(part.reg->writable ? 0 : integer(part.reg->name, part.bank));
     m_space.write(bytes, static_cast<std::uint64_t>(address), static_cast<std::uint64_t>(length));

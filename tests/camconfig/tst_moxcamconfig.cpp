@@ -280,7 +280,7 @@ private Q_SLOTS:
         };
         int releasesWithSelector = -1;
         QVERIFY(select(action, [&](QDialog *selector) {
-            QObject::connect(selector, &QObject::destroyed, [&] { releasesWithSelector = system->releases; });
+            QObject::connect(selector, &QObject::destroyed, qApp, [&] { releasesWithSelector = system->releases; });
             parent.reset();
         }));
         QCOMPARE(releasesWithSelector, 0); // the selector went first

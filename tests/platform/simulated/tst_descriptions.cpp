@@ -157,7 +157,7 @@ void TestDescriptions::everyFeatureIsSound()
     for (IValue *feature : all) {
         INode *node = feature->GetNode();
         const QString name = text(node->GetName());
-        const auto why = [&](const char *what) { return qPrintable(name + QLatin1String(": ") + QLatin1String(what)); };
+        const auto why = [&](const char *what) { return name.toUtf8() + ": " + what; };
         QVERIFY2(!node->GetToolTip().empty() && !node->GetDescription().empty(), why("has no text"));
         QVERIFY2(!displayNames.contains(text(node->GetDisplayName())), why("shares its display name"));
         displayNames += text(node->GetDisplayName());
