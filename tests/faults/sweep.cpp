@@ -20,12 +20,12 @@ namespace {
 
 constexpr int hangAfter = 60; // seconds
 // For a step, in milliseconds: one that has to come to its end, and one that may not.
-constexpr int longPatience = 5000, shortPatience = 200;
-// Of the calls that are chosen without more, one in so many: sanitizers take their time.
+constexpr int longPatience = 20000, shortPatience = 200;
+// Of the calls that a sample of each step would have, one in so many: sanitizers take their time.
 #if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
-constexpr std::size_t share = 5;
+constexpr std::size_t share = 12;
 #else
-constexpr std::size_t share = 1;
+constexpr std::size_t share = 5;
 #endif
 
 char runText[256]; // for whoever reports a crash

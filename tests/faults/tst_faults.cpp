@@ -1,7 +1,8 @@
 // Sweeps of failures through what users do: nothing crashes, hangs or stays behind, whichever call fails.
 //
-// Without more, one call of each function in each step of a scenario fails. MOX_SWEEP=fine takes one for each feature,
-// too, MOX_SWEEP=full every call, and MOX_SWEEP=<k> every k-th. MOX_SWEEP_AT=<n> with the name of a row repeats one run.
+// MOX_SWEEP=steps lets one call of each function in each step of a scenario fail, and without more it is a fifth of these;
+// MOX_SWEEP=fine takes one for each feature, too, MOX_SWEEP=full every call, and MOX_SWEEP=<k> every k-th.
+// MOX_SWEEP_AT=<n> with the name of a row repeats one run.
 //
 // Left out are failures that cannot be: a node throws nothing but what GenICam::GenericException is the base of, and
 // what ends the use of an object does not throw, since it is called while others go.
@@ -9,6 +10,7 @@
 #include "sweep.h"
 #include "testmain.h"
 
+#include <cerrno>
 #include <ctime>
 
 using namespace MoxTest;
@@ -30,11 +32,16 @@ public:
     }
 };
 
-/** The selector's polls follow each other more quickly here. */
+/** The selector's polls follow each other more quickly here; so does whatever else sleeps for exactly a second. */
 extern "C" int nanosleep(const timespec *requested, timespec *remaining)
 {
     constexpr timespec shortly{0, 20'000'000};
-    return ::clock_nanosleep(CLOCK_REALTIME, 0, requested->tv_sec == 1 ? &shortly : requested, remaining);
+    const bool isSecond = requested->tv_sec == 1 && requested->tv_nsec == 0;
+    const int error = ::clock_nanosleep(CLOCK_REALTIME, 0, isSecond ? &shortly : requested, remaining);
+    if (error == 0)
+        return 0;
+    errno = error;
+    return -1;
 }
 
 #ifdef __SANITIZE_ADDRESS__
