@@ -6,6 +6,7 @@
 #include <datarow.h>
 #include <testmain.h>
 
+#include <QScopeGuard>
 #include <QSemaphore>
 
 #include <atomic>
@@ -236,14 +237,16 @@ void TestInterface::discoveriesOnSeveralThreads()
         goOn.acquire();
     };
     std::thread discovery([&] { interface.ReDiscoverDevices(nullptr, 200); });
+    const auto ends = qScopeGuard([&] {
+        goOn.release();
+        discovery.join();
+    });
     inside.acquire();
     QCOMPARE(interface.ids(), "ab");
     // Who cannot wait for it leaves without one.
     bool changed = true;
     interface.ReDiscoverDevices(&changed, 1);
     QVERIFY(!changed);
-    goOn.release();
-    discovery.join();
 }
 
 void TestInterface::selector()

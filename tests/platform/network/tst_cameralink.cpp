@@ -196,7 +196,16 @@ void TestCameraLink::endsInTheMiddleOfAReturn()
     const auto opener = [&](const StopSignal &stop) {
         return std::make_unique<GvcpChannel>(MoxTest::loopback(), 0x7f000001, camera.port, &stop);
     };
-    auto link = std::make_unique<CameraLink>(opener, opener);
+    // Twelve requests, which take a minute unless their waits are ended.
+    const auto reopener = [&](const StopSignal &stop) {
+        for (int i = 1; i < 12; ++i) {
+            try {
+                return opener(stop);
+            } catch (const GenICam::GenericException &) { }
+        }
+        return opener(stop);
+    };
+    auto link = std::make_unique<CameraLink>(opener, reopener);
     camera.setBytes(Gvcp::ControlChannelPrivilege + 3, std::string(1, '\0')); // it forgot its controller
     QTRY_COMPARE(link->port().GetAccessMode(), GenApi::NA);
     pending = true;
@@ -204,7 +213,7 @@ void TestCameraLink::endsInTheMiddleOfAReturn()
     QElapsedTimer timer;
     timer.start();
     link.reset();
-    QVERIFY(timer.elapsed() < 2500); // half of what a request may take
+    QVERIFY(!timer.hasExpired(30000));
 }
 
 QTEST_GUILESS_MAIN(TestCameraLink)

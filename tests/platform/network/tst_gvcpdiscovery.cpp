@@ -23,7 +23,7 @@ using CameraAnswers = std::function<Packets(GvcpResponder &camera, std::uint16_t
 
 namespace {
 
-constexpr std::chrono::milliseconds limit{200};
+constexpr std::chrono::milliseconds limit{500};
 constexpr quint32 mask = 0xff000000;
 constexpr quint32 elsewhere = 0xcb007107;
 const std::string model = "Maker-A model name that fills 32 bytes-";
