@@ -53,34 +53,38 @@ private Q_SLOTS:
 
 void TestActionDialog::countsOverAllSends()
 {
+    enum Answers { AtOnce, WhileItWaits, Afterwards };
     const struct
     {
         int cntWait;
-        int delay; // of the acknowledgements, in milliseconds
+        Answers answers;
         QVector<int> events;
         const char *log;
     } sends[] = {
-        {2, 0, {Short, Null, 1}, "[OK] 254.0.10.1\n..."},
-        {2, 250, {2}, "[OK] 254.0.10.2\n"},
-        {2, 500, {255}, ""}, // that many have come before: no waiting
-        {4, 0, {5, 5}, "[OK] 254.0.10.5\n[OK] 254.0.10.5\n"}, // one more than awaited
-        {6, 4000, {1}, "..."}, // too late for this one, and counts for the next
-        {6, 0, {}, ""},
+        {2, AtOnce, {Short, Null, 1}, "[OK] 254.0.10.1\n..."},
+        {2, WhileItWaits, {2}, "[OK] 254.0.10.2\n"},
+        {2, Afterwards, {255}, ""}, // that many have come before: no waiting
+        {4, AtOnce, {5, 5}, "[OK] 254.0.10.5\n[OK] 254.0.10.5\n"}, // one more than awaited
+        {6, Afterwards, {1}, "..."}, // too late for this one, and counts for the next
+        {6, AtOnce, {}, ""},
     };
     World world;
     for (const auto &send : sends) {
         std::thread sdk;
         world.params[0].commands["GevAction"] = [&] {
-            sdk = std::thread([&] {
-                std::this_thread::sleep_for(std::chrono::milliseconds(send.delay));
+            if (send.answers == WhileItWaits)
+                sdk = std::thread([&] {
+                    std::this_thread::sleep_for(std::chrono::milliseconds(250));
+                    world.answer(send.events);
+                });
+            else if (send.answers == AtOnce)
                 world.answer(send.events);
-            });
-            if (send.delay == 0)
-                sdk.join();
         };
         const QString log = Console(&world.system, 1).send(send.cntWait); // a new dialog each time
         if (sdk.joinable())
             sdk.join();
+        if (send.answers == Afterwards)
+            world.answer(send.events);
         QCOMPARE(log, QLatin1String(send.log));
     }
     QCOMPARE(world.ifaces[0]->subscriptions.count(1005), 6u);
@@ -151,7 +155,7 @@ void TestActionDialog::deletedWhileSending()
 {
     World world;
     auto *console = new Console(&world.system, 2);
-    QTimer::singleShot(0, [console] { delete console; });
+    QTimer::singleShot(0, console, [console] { delete console; });
     console->findChild<QPushButton *>()->click();
     QVERIFY(world.params[1].calls.isEmpty());
     world.answer({1}); // to nobody

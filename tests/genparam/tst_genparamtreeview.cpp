@@ -10,6 +10,7 @@
 #include <QDialog>
 #include <QLineEdit>
 #include <QPointer>
+#include <QSignalSpy>
 #include <QSplitter>
 #include <QTextBrowser>
 #include <QTimer>
@@ -77,7 +78,8 @@ private Q_SLOTS:
         QCOMPARE(polls.count(2), polls.size());
         view.clearParams();
         polls.clear();
-        QTest::qWait(10);
+        QSignalSpy ticks(view.findChild<QTimer *>(QString(), Qt::FindDirectChildrenOnly), &QTimer::timeout);
+        QTRY_VERIFY(ticks.count() > 1);
         QCOMPARE(polls.size(), 0);
         QVERIFY(view.isPollingEnabled());
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);

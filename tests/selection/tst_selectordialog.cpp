@@ -242,7 +242,8 @@ private Q_SLOTS:
         QVERIFY(!scene.dialog->isPollChecked() && scene.d->rescanButton->isEnabled());
         int enumerations = scene.system.interfaceListCalls;
         scene.gige->unplug(scene.g2);
-        QVERIFY(!QTest::qWaitFor([&] { return scene.system.interfaceListCalls != enumerations; }, 1300));
+        QCoreApplication::processEvents();
+        QCOMPARE(scene.system.interfaceListCalls.load(), enumerations);
         QCOMPARE(reset.count(), 1);
 
         // And once more: the thread outlives an enumeration that fails.
@@ -262,10 +263,8 @@ private Q_SLOTS:
         scene.usb->add("u3");
         QTRY_VERIFY(scene.system.interfaceListCalls > enumerations);
         scene.dialog.reset();
-        const int discoveries = scene.system.discoveries;
         QCOMPARE(scene.system.openLists.load(), 0);
         QCoreApplication::processEvents();
-        QVERIFY(!QTest::qWaitFor([&] { return scene.system.discoveries != discoveries; }, 1300));
     }
 
     void storm()
