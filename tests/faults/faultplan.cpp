@@ -59,9 +59,7 @@ unsigned FaultPlan::failure(const char *function, unsigned possible, const Wrapp
     switch (kind) {
     case Exception:
         throw std::runtime_error("the call is to fail");
-    case AccessError:
-        throw ACCESS_EXCEPTION("the call is to fail");
-    case RuntimeError:
+    case NodeError:
         throw RUNTIME_EXCEPTION("the call is to fail");
     case CameraLost:
         MoxSim::setPlugged(m_camera, false);

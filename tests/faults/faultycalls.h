@@ -25,11 +25,10 @@ enum Failure : unsigned {
     ErrorCode = 1, ///< the call's error code, and a neutral value
     NullObject = 2,
     Exception = 4, ///< std::runtime_error
-    AccessError = 8, ///< GenICam's AccessException
-    RuntimeError = 16, ///< GenICam's RuntimeException
-    CameraLost = 32, ///< the plug is pulled while the call is made
-    PortOnce = 64, ///< of port accesses
-    PortForever = 128, ///< as PortOnce, and every access after it
+    NodeError = 8, ///< one of GenICam's exceptions, which the library treats alike
+    CameraLost = 16, ///< the plug is pulled while the call is made
+    PortOnce = 32, ///< of port accesses
+    PortForever = 64, ///< as PortOnce, and every access after it
     PortFailures = PortOnce | PortForever
 };
 

@@ -7,8 +7,7 @@ namespace {
 
 using namespace GenApi;
 
-// The base of both is that of everything that a node throws.
-constexpr unsigned nodeCall = AccessError | RuntimeError | CameraLost;
+constexpr unsigned nodeCall = NodeError | CameraLost;
 
 INode *wrap(Wrappers &wrappers, INode *node);
 
@@ -18,7 +17,8 @@ template<class Element> Element *wrap(Wrappers &wrappers, Element *element)
 }
 
 // clang-format off
-#define CALL(Target, Result, Name, Parameters, Arguments) MOX_PASS(Result, nodeCall, nullptr, Target, Name, Parameters, Arguments)
+#define CALL(Target, Result, Name, Parameters, Arguments)                                                              \
+    MOX_PASS(Result, nodeCall, nullptr, Target, Name, Parameters, Arguments)
 #define GET(Result, Name) CALL(real, Result, Name, (), ())
 #define TELL(Result, Name) CALL(node, Result, Name, () const, ())
 #define READ(Result, Const) CALL(real, Result, GetValue, (bool verify, bool ignoreCache) Const, (verify, ignoreCache))
@@ -37,14 +37,16 @@ template<class Interface> class FaultyNode : public INode, public ISelector, pub
 {
 public:
     FaultyNode(Wrappers &itsWrappers, INode *itsNode)
-        : wrappers(itsWrappers), node(itsNode), selector(dynamic_cast<ISelector *>(node)), real(dynamic_cast<Interface *>(node))
+        : wrappers(itsWrappers), node(itsNode), selector(dynamic_cast<ISelector *>(node)),
+          real(dynamic_cast<Interface *>(node))
     { }
     std::string subject() const override { return node->GetName().c_str(); }
 
     CALL(node, gcstring, GetName, (bool full) const, (full))
     TELL(EAccessMode, GetAccessMode) TELL(EVisibility, GetVisibility) TELL(EInterfaceType, GetPrincipalInterfaceType)
     TELL(bool, IsCachable) TELL(ECachingMode, GetCachingMode) TELL(std::int64_t, GetPollingTime)
-    TELL(gcstring, GetToolTip) TELL(gcstring, GetDescription) TELL(gcstring, GetDisplayName) TELL(gcstring, GetDeviceName)
+    TELL(gcstring, GetToolTip) TELL(gcstring, GetDescription) TELL(gcstring, GetDisplayName)
+    TELL(gcstring, GetDeviceName)
     TELL(bool, IsStreamable) TELL(bool, IsDeprecated) TELL(bool, IsFeature)
     CALL(node, void, InvalidateNode, (), ())
     LIST(node, GetChildren, NodeList_t, const) LIST(node, GetParents, NodeList_t, const)

@@ -26,7 +26,8 @@ constexpr unsigned sdkCall = Exception | CameraLost;
 #define VALUE(Result, Name) MOX_PASS(Result, sdkCall | ErrorCode, nullptr, real, Name, (), ())
 #define TOLD(Result, Name) MOX_PASS(Result, sdkCall | ErrorCode, err, real, Name, (MoxCamErr * err), (err))
 #define TEXT(Name) MOX_PASS(const char *, sdkCall | NullObject, nullptr, real, Name, (), ())
-#define TOLD_TEXT(Name) MOX_PASS(const char *, sdkCall | ErrorCode | NullObject, err, real, Name, (MoxCamErr * err), (err))
+#define TOLD_TEXT(Name)                                                                                                \
+    MOX_PASS(const char *, sdkCall | ErrorCode | NullObject, err, real, Name, (MoxCamErr * err), (err))
 #define OBJECT(Result, Name, Parameters, Arguments)                                                                    \
     MOX_PASS_OBJECT(Result, sdkCall | NullObject, nullptr, real, Name, Parameters, Arguments)
 #define TOLD_OBJECT(Result, Name, Parameters, Arguments)                                                               \
@@ -38,7 +39,8 @@ Param *wrap(Wrappers &wrappers, Param *param);
 /** Hands a sink the parameters that it knows. */
 struct FaultySink final : Sink
 {
-    FaultySink(Wrappers &itsWrappers, Sink *itsSink) : wrappers(itsWrappers), sink(itsSink) { ++FaultPlan::instance().sinks; }
+    FaultySink(Wrappers &itsWrappers, Sink *itsSink) : wrappers(itsWrappers), sink(itsSink)
+    { ++FaultPlan::instance().sinks; }
     ~FaultySink() { --FaultPlan::instance().sinks; }
     void OnParameterUpdate(Param *param) override { sink->OnParameterUpdate(wrap(wrappers, param)); }
 
@@ -79,7 +81,8 @@ template<class Real> struct FaultyParam : Passing<Real>
     Param *const param = real; // by which it is found when the real one is gone
 };
 
-#define PARAM(Faulty, Real, ...) struct Faulty final : FaultyParam<Real> { using FaultyParam::FaultyParam; __VA_ARGS__ };
+#define PARAM(Faulty, Real, ...)                                                                                       \
+    struct Faulty final : FaultyParam<Real> { using FaultyParam::FaultyParam; __VA_ARGS__ };
 PARAM(FaultyInt, MoxGenParam::Int,
     CODE(SetValue, (std::int64_t value), (value))
     TOLD(std::int64_t, GetValue) TOLD(std::int64_t, GetMin) TOLD(std::int64_t, GetMax) TOLD(std::int64_t, GetIncrement))
@@ -110,7 +113,8 @@ Param *wrap(Wrappers &wrappers, Param *param)
 {
     for (const auto wrapper : {wrapAs<FaultyInt, MoxGenParam::Int>, wrapAs<FaultyEnum, MoxGenParam::Enum>,
                                wrapAs<FaultyBoolean, MoxGenParam::Boolean>, wrapAs<FaultyCommand, MoxGenParam::Command>,
-                               wrapAs<FaultyString, MoxGenParam::String>, wrapAs<FaultyEnumEntry, MoxGenParam::EnumEntry>}) {
+                               wrapAs<FaultyString, MoxGenParam::String>,
+                               wrapAs<FaultyEnumEntry, MoxGenParam::EnumEntry>}) {
         if (Param *wrapped = wrapper(wrappers, param))
             return wrapped;
     }
@@ -128,8 +132,10 @@ struct FaultyArray final : Passing<MoxGenParam::Array>
     NAMED(MoxGenParam::Boolean, GetBoolean) NAMED(MoxGenParam::Command, GetCommand) NAMED(MoxGenParam::Enum, GetEnum)
     NAMED(MoxGenParam::Int, GetInt) NAMED(MoxGenParam::String, GetString)
     TOLD_OBJECT(GenApi::INodeMap, GetNodeMap, (MoxCamErr * err), (err))
-    MOX_PASS(const char *, sdkCall | ErrorCode | NullObject, err, real, GetEnumValueStr, (const char *name, MoxCamErr *err), (name, err))
-    MOX_PASS(std::int64_t, sdkCall | ErrorCode, err, real, GetIntegerValue, (const char *name, MoxCamErr *err), (name, err))
+    MOX_PASS(const char *, sdkCall | ErrorCode | NullObject, err, real, GetEnumValueStr,
+             (const char *name, MoxCamErr *err), (name, err))
+    MOX_PASS(std::int64_t, sdkCall | ErrorCode, err, real, GetIntegerValue,
+             (const char *name, MoxCamErr *err), (name, err))
     CODE(SetIntegerValue, (const char *name, std::int64_t value), (name, value))
     CODE(ExecuteCommand, (const char *name), (name))
 };
@@ -142,7 +148,8 @@ MoxGenParam::Array *wrap(Wrappers &wrappers, MoxGenParam::Array *array)
 /** What its user releases. That cannot fail: it happens while objects go. */
 template<class Real, std::atomic<int> FaultPlan::*count> struct Released : Passing<Real>
 {
-    Released(Wrappers &itsWrappers, Real *itsReal) : Passing<Real>(itsWrappers, itsReal) { ++(FaultPlan::instance().*count); }
+    Released(Wrappers &itsWrappers, Real *itsReal) : Passing<Real>(itsWrappers, itsReal)
+    { ++(FaultPlan::instance().*count); }
     ~Released() { --(FaultPlan::instance().*count); }
     void Release() override
     {
@@ -176,7 +183,8 @@ struct FaultyInfo final : Passing<MoxCam::DeviceInfo>
 {
     using Passing::Passing;
     OBJECT(MoxCam::Interface, GetInterface, (), ())
-    TEXT(GetID) TEXT(GetVendor) TEXT(GetModel) TEXT(GetDisplayName) TEXT(GetUserDefinedName) TEXT(GetSerialNumber) TEXT(GetVersion)
+    TEXT(GetID) TEXT(GetVendor) TEXT(GetModel) TEXT(GetDisplayName) TEXT(GetUserDefinedName)
+    TEXT(GetSerialNumber) TEXT(GetVersion)
     VALUE(int, GetAccessStatus) TOLD_TEXT(GetIPAddress) TOLD_TEXT(GetNetmask) TOLD_TEXT(GetGateway)
     CODE(ForceIP, (std::uint32_t ip, std::uint32_t netmask, std::uint32_t gateway), (ip, netmask, gateway))
 };
@@ -196,7 +204,8 @@ struct FaultyInterface final : Passing<MoxCam::Interface>
     using Passing::Passing;
     OBJECT(MoxCam::DeviceInfoList, GetDeviceInfoList, (), ())
     OBJECT(MoxCam::DeviceInfo, ConnectByIp, (const char *ipAddress), (ipAddress))
-    MOX_PASS(void, sdkCall, nullptr, real, ReDiscoverDevices, (bool *changed, std::uint32_t timeout), (changed, timeout))
+    MOX_PASS(void, sdkCall, nullptr, real, ReDiscoverDevices, (bool *changed, std::uint32_t timeout),
+             (changed, timeout))
     TEXT(GetDescription) VALUE(int, GetType) TEXT(GetID) TEXT(GetVersion)
     TOLD_OBJECT(MoxGenParam::Array, GetParameters, (MoxCamErr * err), (err))
     void RegisterEventCallback(std::uint32_t eventId, MoxCam::EventCallback callback, void *context) override

@@ -1,11 +1,10 @@
 // What users do with the library, from end to end.
 #include "configscene.h"
 #include "console.h"
+#include "livecamera.h"
 #include "moxcameraguiapi.h"
 #include "moxgenparamtreeview.h"
 #include "sweep.h"
-
-#include <MoxCameraApi/MoxSimulation.h>
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -15,12 +14,6 @@
 namespace MoxTest {
 
 namespace {
-
-struct Releaser
-{
-    template<class T> void operator()(T *object) const { object->Release(); }
-};
-template<class T> using Sdk = std::unique_ptr<T, Releaser>;
 
 QWidget *modal()
 {
@@ -99,7 +92,7 @@ struct SystemScenario : Scenario
     bool succeeded() override { return selected && selected->GetID() == camera; }
 
     std::vector<std::string> cameras;
-    Sdk<MoxCam::System> system;
+    SdkPointer<MoxCam::System> system;
     MoxCam::DeviceInfo *selected = nullptr;
 };
 
@@ -188,18 +181,9 @@ const char description[] = R"(<RegisterDescription ModelName="Small" VendorName=
 <IntReg Name="ModeReg"><Address>16</Address><Length>4</Length><AccessMode>RW</AccessMode><pPort>Device</pPort></IntReg>
 <Command Name="Start"><pValue>StartReg</pValue><CommandValue>7</CommandValue></Command>
 <IntReg Name="StartReg"><Address>20</Address><Length>4</Length><AccessMode>RW</AccessMode><pPort>Device</pPort></IntReg>
-<StringReg Name="User"><Address>24</Address><Length>16</Length><AccessMode>RW</AccessMode><pPort>Device</pPort></StringReg>
+<StringReg Name="User"><Address>24</Address><Length>16</Length><AccessMode>RW</AccessMode>
+  <pPort>Device</pPort></StringReg>
 <Port Name="Device"/></RegisterDescription>)";
-
-/** A new world with one camera; gives its identifier. */
-std::string onlyCamera(const MoxSim::CameraSetup &setup)
-{
-    MoxSim::setWorlds(MoxSim::SimulatedWorld);
-    MoxSim::clearWorld();
-    const bool usb = setup.model == MoxSim::Model::Color;
-    const int type = usb ? MoxCam::InterfaceUsb3Vision : MoxCam::InterfaceGigEVision;
-    return MoxSim::addCamera(MoxSim::addInterface(type, "Adapter"), setup);
-}
 
 struct EditingTree final : Scenario
 {
@@ -212,19 +196,14 @@ struct EditingTree final : Scenario
         }
         MoxSim::CameraSetup setup;
         setup.descriptionFile = file.fileName().toStdString();
-        camera = onlyCamera(setup);
-        system.reset(wrappedSystem());
-        const Sdk<MoxCam::InterfaceList> interfaces(system->GetInterfaceList(~0u));
-        interfaces->GetFirst()->ReDiscoverDevices(nullptr, 100);
-        const Sdk<MoxCam::DeviceInfoList> infos(interfaces->GetFirst()->GetDeviceInfoList());
-        device.reset(MoxCam_CreateDevice(infos->GetFirst(), 2, 0));
-        params = device->GetCameraParameters(nullptr);
+        live = std::make_unique<LiveCamera>(setup);
+        camera = live->id;
     }
     void play(User &user) override
     {
         using MoxGui::IMoxGenParamTreeView;
         const std::unique_ptr<IMoxGenParamTreeView, void (*)(IMoxGenParamTreeView *)> owner(
-            CreateGenParamTreeViewForArrayA(params, "Sweep", 0), DestroyGenParamTreeView);
+            CreateGenParamTreeViewForArrayA(live->params, "Sweep", 0), DestroyGenParamTreeView);
         auto *view = dynamic_cast<MoxGui::MoxGenParamTreeView *>(owner.get());
         QTreeView *tree = view->treeView();
         auto *filter = child<QLineEdit>(*view, "filterLineEdit");
@@ -275,12 +254,10 @@ struct EditingTree final : Scenario
         const std::pair<const char *, const char *> values[] = {{"Width", "64"},  {"Gain", "2.5"},   {"Mode", "On"},
                                                                 {"Flip", "true"}, {"StartReg", "7"}, {"User", "abc"}};
         return std::all_of(std::begin(values), std::end(values),
-                           [this](const auto &value) { return valueOf(params, value.first) == value.second; });
+                           [this](const auto &value) { return valueOf(live->params, value.first) == value.second; });
     }
 
-    Sdk<MoxCam::System> system;
-    Sdk<MoxCam::Device> device;
-    MoxGenParam::Array *params;
+    std::unique_ptr<LiveCamera> live;
 };
 
 /** What the user does in a dialog of the configuration window, and what the camera says then. */
@@ -293,9 +270,7 @@ struct Configuring final : Scenario
 {
     Configuring(MoxSim::Model model, std::vector<Change> itsChanges) : changes(std::move(itsChanges))
     {
-        MoxSim::CameraSetup setup;
-        setup.model = model;
-        camera = onlyCamera(setup);
+        camera = onlyCamera(setupOf(model));
     }
     /** Lets the window tick until it has the camera, or until it has none. */
     User::Step ticksUntil(bool connected)

@@ -3,13 +3,10 @@
 #include "genparamcontroldata.h"
 #include "genparamtreemodel.h"
 #include "genparamtreevisibilityfilterproxymodel.h"
+#include "livecamera.h"
 #include "memoryport.h"
 #include "testmain.h"
 #include "treescene.h"
-
-#include <MoxCameraApi/MoxCam.h>
-#include <MoxCameraApi/MoxGenParam.h>
-#include <MoxCameraApi/MoxSimulation.h>
 
 #include <QAbstractItemModelTester>
 #include <QCheckBox>
@@ -103,31 +100,16 @@ struct Watched
 class Storm
 {
 public:
-    Storm(unsigned seed, const MoxSim::CameraSetup &setup) : random(seed)
+    Storm(unsigned seed, const MoxSim::CameraSetup &setup) : random(seed), camera(setup)
     {
-        MoxSim::setWorlds(MoxSim::SimulatedWorld);
-        MoxSim::clearWorld();
-        id = MoxSim::addCamera(MoxSim::addInterface(MoxCam::InterfaceGigEVision, "Net"), setup);
-        system = MoxCam_GetSystem();
-        interfaces = system->GetInterfaceList(~0u);
         view.show();
-        open();
+        show();
     }
-    ~Storm()
-    {
-        close();
-        interfaces->Release();
-        system->Release();
-    }
+    ~Storm() { close(); }
 
-    void open()
+    void show()
     {
-        MoxSim::setPlugged(id, true);
-        interfaces->GetFirst()->ReDiscoverDevices(nullptr, 100);
-        MoxCam::DeviceInfoList *infos = interfaces->GetFirst()->GetDeviceInfoList();
-        device = MoxCam_CreateDevice(infos->GetFirst(), 2, 0);
-        infos->Release();
-        map = device->GetCameraParameters(nullptr)->GetNodeMap(nullptr);
+        map = camera.params->GetNodeMap(nullptr);
         view.setParams(map);
         watched = std::make_unique<Watched>(map);
     }
@@ -137,13 +119,15 @@ public:
         view.clearParams();
         watched.reset();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        device->Release();
+        camera.device.reset();
     }
 
     void reopen()
     {
         close();
-        open();
+        MoxSim::setPlugged(camera.id, true);
+        camera.open();
+        show();
     }
 
     void step()
@@ -177,8 +161,8 @@ public:
             view.findChild<QAbstractButton *>(QLatin1String(below(2) ? "pbExpandAll" : "pbCollapseAll"))->click();
         } else if (kind < 998) {
             edit();
-        } else if (MoxSim::isPlugged(id)) {
-            MoxSim::setPlugged(id, false);
+        } else if (MoxSim::isPlugged(camera.id)) {
+            MoxSim::setPlugged(camera.id, false);
         } else {
             reopen();
         }
@@ -187,7 +171,7 @@ public:
     /** What cells show that is not what the camera holds. */
     QStringList faults()
     {
-        if (!MoxSim::isPlugged(id))
+        if (!MoxSim::isPlugged(camera.id))
             reopen();
         other = {};
         view.treeView()->setCurrentIndex({});
@@ -266,10 +250,7 @@ private:
     }
 
     std::mt19937 random;
-    std::string id;
-    MoxCam::System *system = nullptr;
-    MoxCam::InterfaceList *interfaces = nullptr;
-    MoxCam::Device *device = nullptr;
+    LiveCamera camera;
     INodeMap *map = nullptr;
     MoxGenParamTreeView view{nullptr};
     std::unique_ptr<Watched> watched;

@@ -1,21 +1,14 @@
 // The address tools from end to end, on the open SDK's simulated cameras.
+#include "livecamera.h"
 #include "modaluser.h"
 #include "testmain.h"
 
-#include <MoxCameraApi/MoxCam.h>
-#include <MoxCameraApi/MoxSimulation.h>
 #include <moxcameraselectordialog.h>
 
 #include <QDialogButtonBox>
 #include <QTreeView>
 
 #include <algorithm>
-
-struct Release
-{
-    template<class T> void operator()(T *object) const { object->Release(); }
-};
-template<class T> using SdkPointer = std::unique_ptr<T, Release>;
 
 Q_DECLARE_METATYPE(MoxSim::Reach)
 
@@ -41,7 +34,7 @@ private Q_SLOTS:
         QFETCH(QString, action);
         MoxSim::resetWorld();
         MoxSim::setWorlds(MoxSim::SimulatedWorld);
-        const SdkPointer<MoxCam::System> system(MoxCam_GetSystem());
+        const MoxTest::SdkPointer<MoxCam::System> system(MoxCam_GetSystem());
         const std::vector<std::string> cameras = MoxSim::cameras(MoxSim::interfaces().front());
         const std::string id = *std::find_if(cameras.begin(), cameras.end(),
                                              [=](const std::string &camera) { return MoxSim::reach(camera) == reach; });
@@ -88,7 +81,7 @@ private Q_SLOTS:
         QCOMPARE(selector.result(), int(QDialog::Accepted));
         QVERIFY(selector.selectedCamera());
         QCOMPARE(selector.selectedCamera()->GetID(), id.c_str());
-        const SdkPointer<MoxCam::Device> device(MoxCam_CreateDevice(selector.selectedCamera(), 2, 0));
+        const MoxTest::SdkPointer<MoxCam::Device> device(MoxCam_CreateDevice(selector.selectedCamera(), 2, 0));
         QVERIFY(device);
     }
 };

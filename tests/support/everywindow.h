@@ -3,6 +3,7 @@
 #define MOX_EVERYWINDOW_H
 
 #include "connectbyipdialog.h"
+#include "livecamera.h"
 #include "moxcamconfig.h"
 #include "moxcamconfigcolordialog.h"
 #include "moxcamconfigframeabdialog.h"
@@ -16,18 +17,15 @@
 #include "sdkmetatypes.h"
 #include "setipdialog.h"
 
-#include <MoxCameraApi/MoxGenParam.h>
-#include <MoxCameraApi/MoxSimulation.h>
-
 #include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
+#include <QScopeGuard>
 #include <QTest>
 #include <QTimer>
 #include <QTreeView>
 
 #include <functional>
-#include <memory>
 #include <vector>
 
 namespace MoxTest {
@@ -103,11 +101,7 @@ public:
     }
 
 private:
-    struct Release
-    {
-        template<class T> void operator()(T *object) const { object->Release(); }
-    };
-    using Camera = std::unique_ptr<MoxCam::Device, Release>;
+    using Camera = SdkPointer<MoxCam::Device>;
 
     /** The first camera of an interface that a selector shows. */
     static Camera openFirst(const QWidget &selector, int interface)
@@ -119,12 +113,12 @@ private:
 
     static void lookAt(QWidget &window, const Look &look)
     {
+        const auto closes = qScopeGuard([&window] { window.close(); }); // a modal one also when it fails
         window.show();
         window.activateWindow();
         QVERIFY(QTest::qWaitForWindowActive(&window));
         QApplication::processEvents(); // the layouts follow the texts
         look(window);
-        window.close();
     }
 
     /** The modal dialog that an action opens. */
@@ -149,7 +143,7 @@ private:
         };
     }
 
-    std::unique_ptr<MoxCam::System, Release> system;
+    SdkPointer<MoxCam::System> system;
     Camera framesAB, color;
 };
 

@@ -4,9 +4,8 @@
 #include "network/networkbackend.h"
 #include "simulated/simulatedbackend.h"
 
-#include <MoxCameraApi/MoxGenParam.h>
-#include <MoxCameraApi/MoxSimulation.h>
 #include <datarow.h>
+#include <livecamera.h>
 #include <testmain.h>
 
 using namespace MoxTest;
@@ -56,17 +55,12 @@ private:
     std::vector<std::unique_ptr<FakeInterface>> m_interfaces;
 };
 
-struct Releaser
-{
-    template<class T> void operator()(T *object) const { object->Release(); }
-};
-using SystemPtr = std::unique_ptr<MoxCam::System, Releaser>;
-using DevicePtr = std::unique_ptr<MoxCam::Device, Releaser>;
+using SystemPtr = SdkPointer<MoxCam::System>;
 
 QByteArray ids(const SystemPtr &system, std::uint32_t mask = 255)
 {
     QByteArray all;
-    const std::unique_ptr<MoxCam::InterfaceList, Releaser> list(system->GetInterfaceList(mask));
+    const SdkPointer<MoxCam::InterfaceList> list(system->GetInterfaceList(mask));
     for (MoxCam::Interface *interface = list->GetFirst(); interface; interface = list->GetNext())
         all += QByteArray(interface->GetID()) + ' ';
     return all.trimmed();
@@ -74,7 +68,7 @@ QByteArray ids(const SystemPtr &system, std::uint32_t mask = 255)
 
 MoxCam::DeviceInfo *firstCamera(const SystemPtr &system)
 {
-    const std::unique_ptr<MoxCam::InterfaceList, Releaser> interfaces(system->GetInterfaceList(255));
+    const SdkPointer<MoxCam::InterfaceList> interfaces(system->GetInterfaceList(255));
     auto *interface = static_cast<MoxSdk::Interface *>(interfaces->GetFirst());
     interface->ReDiscoverDevices(nullptr, 200);
     return interface->listedDevice(0);
@@ -178,7 +172,7 @@ void TestSystem::openedCameras()
     MoxCam::DeviceInfo *info = firstCamera(system);
     FakeCamera camera;
     openFakeLink = [&] { return std::make_unique<FakeLink>(camera); };
-    DevicePtr device(MoxCam_CreateDevice(info, 2, 0));
+    SdkPointer<MoxCam::Device> device(MoxCam_CreateDevice(info, 2, 0));
     QVERIFY(device);
     // An opened camera needs its system no longer.
     system.reset();
