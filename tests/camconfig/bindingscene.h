@@ -20,7 +20,7 @@ struct Binding
 };
 using Bindings = QVector<Binding>;
 
-/** A camera with all that a dialog binds; values go from 0 to 2, those of switches to 1. */
+/** A camera with all that a dialog binds; values go from 0 to 2, those of buttons to 1. */
 struct BoundCamera : FakeDevice
 {
     BoundCamera(const QDialog &dialog, const Bindings &bindings)
@@ -28,7 +28,9 @@ struct BoundCamera : FakeDevice
         for (const auto &[param, controls] : bindings) {
             if (child<QComboBox>(dialog, controls.first()))
                 features << &setEntries(param, {QStringLiteral("A"), QStringLiteral("B"), QStringLiteral("C")});
-            else if (child<QCheckBox>(dialog, controls.first()))
+            else if (child<QRadioButton>(dialog, controls.first()))
+                features << &setEntries(param, {QStringLiteral("A"), QStringLiteral("B")});
+            else if (child<QAbstractButton>(dialog, controls.first()))
                 features << &feature<FakeBoolean>(param);
             else
                 features << &feature<FakeInt>(param);
@@ -41,8 +43,8 @@ inline void setValue(QWidget *control, int value)
 {
     if (auto *combo = qobject_cast<QComboBox *>(control))
         combo->setCurrentIndex(value);
-    else if (auto *check = qobject_cast<QCheckBox *>(control))
-        check->click();
+    else if (auto *button = qobject_cast<QAbstractButton *>(control))
+        button->click();
     else
         type(control->findChild<QAbstractSpinBox *>(), value);
 }
@@ -51,8 +53,8 @@ inline int valueOf(const QWidget *control)
 {
     if (const auto *combo = qobject_cast<const QComboBox *>(control))
         return combo->currentIndex();
-    const auto *check = qobject_cast<const QCheckBox *>(control);
-    return check ? check->isChecked() : control->findChild<QAbstractSpinBox *>()->text().toInt();
+    const auto *button = qobject_cast<const QAbstractButton *>(control);
+    return button ? button->isChecked() : control->findChild<QAbstractSpinBox *>()->text().toInt();
 }
 
 /** @p sinks listen to a camera in the end. */
@@ -89,7 +91,7 @@ template<class Dialog> void checkBindings(const Bindings &bindings, int sinks)
         const auto &[param, controls] = bindings.at(i);
         auto *control = child<QWidget>(dialog, controls.first());
         FakeFeature &feature = *camera.features.at(i);
-        const int top = qobject_cast<QCheckBox *>(control) ? 1 : 2;
+        const int top = qobject_cast<QAbstractButton *>(control) ? 1 : 2;
         setValue(control, top);
         QCOMPARE(feature.writes, Writes{top}); // once, after all these devices
         feature.change(0);
@@ -119,7 +121,8 @@ template<class Dialog> void checkBindings(const Bindings &bindings, int sinks)
     const auto boxes = dialog.template findChildren<QtMoxSpinBox *>();
     for (const QtMoxSpinBox *box : boxes) {
         const int labelWidth = box->leftLabel() ? box->leftLabel()->width() : 0;
-        QCOMPARE(box->slider()->height(), box->sizeHint().width() - labelWidth);
+        const QSize popup = box->slider()->size(); // upright or not
+        QCOMPARE(qMax(popup.width(), popup.height()), box->sizeHint().width() - labelWidth);
         for (const char *missing : {"raise()", "grabbing the keyboard"})
             QTest::ignoreMessage(QtWarningMsg, QByteArray("This plugin does not support ").append(missing));
         QTest::mouseClick(box->toolButton(), Qt::LeftButton);

@@ -1,15 +1,10 @@
-#include "bench.h"
-#include "configscene.h"
+#include "bindingscene.h"
 #include "datarow.h"
 #include "dialogscene.h"
-#include "fakedevice.h"
 #include "moxcamconfigpulsedialog.h"
-#include "qtmoxslider.h"
 #include "testmain.h"
 
 #include <QLabel>
-#include <QSlider>
-#include <QToolButton>
 
 using namespace MoxTest;
 
@@ -111,6 +106,9 @@ private Q_SLOTS:
         QCOMPARE(panel.state(), "Start red down");
         QVERIFY(panel.dialog.SetDevice(&camera));
         QCOMPARE(panel.state(), "Stop green down");
+        QCOMPARE(connectionsOf(panel.width, SIGNAL(valueChanged(int))), 2); // the binding's and the dialog's
+        QCOMPARE(connectionsOf(panel.start, SIGNAL(clicked(bool))), 2);
+        QCOMPARE(child<QLabel>(panel.dialog, "lblDelay")->text(), QString::fromUtf8("Delay [\u03BCs]:"));
         panel.dialog.activateWindow();
         QVERIFY(QTest::qWaitForWindowActive(&panel.dialog));
         for (const char *state : {"Start red up", "Stop green down"}) {
@@ -128,52 +126,15 @@ private Q_SLOTS:
         QCOMPARE(camera.enable.writes, (Writes{0, 1, 0}));
     }
 
-    void devices()
+    void bindings()
     {
-        PulseCamera camera, full;
-        Panel panel;
-        const QList<QPair<const char *, QByteArray>> lacking{
-            {"PulseGenGranularity", "-PWNME"}, {"PulseGenPeriod", "G-WNME"}, {"PulseGenWidth", "GP-NME"},
-            {"PulseGenNumPulses", "GPW-ME"},   {"PulseGenMode", "GPWN-E"},   {"PulseGenEnable", "GPWNM-"}};
-        for (const auto &[name, open] : lacking) {
-            camera.hidden = name;
-            for (int i = 0; i < 2; ++i) {
-                QVERIFY(panel.dialog.SetDevice(&camera));
-                QCOMPARE(panel.open(), open);
-            }
-            QCOMPARE(panel.state(), "Start red up");
-            for (int i = 0; i < 2; ++i) {
-                QCOMPARE(panel.timing(&full), "750 1000.000000");
-                QCOMPARE(full.sinkCount(), 6);
-                QCOMPARE(connectionsOf(panel.width, SIGNAL(valueChanged(int))), 2); // the binding's and the dialog's
-                QCOMPARE(connectionsOf(panel.start, SIGNAL(clicked(bool))), 2);
-            }
-            QVERIFY(!panel.dialog.SetDevice(nullptr) && !panel.dialog.isEnabled());
-            QCOMPARE(panel.open(), "------");
-            QCOMPARE(child<QLabel>(panel.dialog, "lblDelay")->text(), QString::fromUtf8("Delay [\u03BCs]:"));
-        }
-        camera.parametersError = MoxCamError::GenTLIo;
-        QVERIFY(!panel.dialog.SetDevice(&camera));
-        QCOMPARE(full.period.writes + full.width.writes + full.enable.writes, Writes{});
-    }
-
-    /** The pop-up closes, and what was dragged to is neither written nor reported. */
-    void unpluggedWhileDragging()
-    {
-        PulseCamera camera;
-        Panel panel;
-        for (const QtMoxSpinBox *box : {panel.period, panel.width}) {
-            panel.timing(&camera);
-            for (const char *missing : {"raise()", "grabbing the keyboard"})
-                QTest::ignoreMessage(QtWarningMsg, QByteArray("This plugin does not support ").append(missing));
-            click(box->toolButton());
-            QVERIFY(box->slider()->isVisible());
-            box->slider()->slider()->setSliderDown(true);
-            box->slider()->slider()->setSliderPosition(500);
-            QVERIFY(!panel.dialog.SetDevice(nullptr));
-            QVERIFY(!box->slider()->isVisible() && !box->slider()->slider()->isSliderDown());
-            QCOMPARE(camera.period.writes + camera.width.writes, Writes{});
-        }
+        checkBindings<MoxGui::MoxCamConfigPulseDialog>({{"PulseGenGranularity", {"cmBoxGranularity"}},
+                                                        {"PulseGenPeriod", {"spBoxPeriod"}},
+                                                        {"PulseGenWidth", {"spBoxWidth"}},
+                                                        {"PulseGenNumPulses", {"spBoxNumPulses"}},
+                                                        {"PulseGenMode", {"radioBtnSend", "radioBtnContinious"}},
+                                                        {"PulseGenEnable", {"pushBtnPulseEnable"}}},
+                                                       6);
     }
 
     void liveCamera()
