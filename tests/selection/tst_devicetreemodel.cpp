@@ -134,6 +134,8 @@ private Q_SLOTS:
             for (const int role : {int(Qt::DisplayRole), 256})
                 QVERIFY(!static_cast<DeviceTreeNode *>(index.internalPointer())->data(1, role).isValid());
         }
+        world.a1->atDisplayName = [] { throw std::runtime_error("gone"); };
+        QVERIFY(!a1.data().isValid()); // nothing is thrown into a view
     }
 
     void identifiers()

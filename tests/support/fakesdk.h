@@ -41,7 +41,12 @@ public:
     const char *GetID() override { return textOf(id); }
     const char *GetVendor() override { return textOf(vendor); }
     const char *GetModel() override { return textOf(modelName); }
-    const char *GetDisplayName() override { return textOf(displayName); }
+    const char *GetDisplayName() override
+    {
+        if (atDisplayName)
+            atDisplayName();
+        return textOf(displayName);
+    }
     const char *GetUserDefinedName() override { return textOf(userName); }
     const char *GetSerialNumber() override { return textOf(serialNumber); }
     const char *GetVersion() override { return textOf(version); }
@@ -66,6 +71,7 @@ public:
     const FakeText *refusedAddress = nullptr; // which of the three address texts cannot be read
     MoxCamErr forceIpResult = 0;
     std::function<void()> atForceIp; // called in the middle of ForceIP
+    std::function<void()> atDisplayName;
     std::vector<std::uint32_t> forcedAddresses; // three numbers for each call
     MoxCam::Device *device = nullptr; // what opening it gives
 
