@@ -23,7 +23,7 @@ constexpr int hangAfter = 60; // seconds
 constexpr int longPatience = 20000, shortPatience = 200;
 // Of the calls that a sample of each step would have, one in so many: sanitizers take their time.
 #if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
-constexpr std::size_t share = 12;
+constexpr std::size_t share = 30;
 #else
 constexpr std::size_t share = 5;
 #endif
