@@ -19,7 +19,7 @@ MoxCamConfigColorDialogPrivate::~MoxCamConfigColorDialogPrivate() = default;
 
 bool MoxCamConfigColorDialogPrivate::init(MoxCamConfigColorDialog *dialog, MoxCam::Device *newDevice)
 {
-    if (!initialized) {
+    if (!q) {
         ui->setupUi(dialog);
         q = dialog;
         // The statistics hang on red alone.
@@ -38,7 +38,6 @@ bool MoxCamConfigColorDialogPrivate::init(MoxCamConfigColorDialog *dialog, MoxCa
                           ui->pushBtnBlueUnity,
                           ui->lblBlueCoef,
                           {ui->pushBtnBlueUnity}}}};
-        initialized = true;
     }
 
     device = newDevice;
@@ -115,11 +114,8 @@ void MoxCamConfigColorDialog::closeEvent(QCloseEvent *event)
 
 void MoxCamConfigColorDialog::showEvent(QShowEvent *event)
 {
-    for (QtMoxSpinBox *box : {d->ui->spBoxRed, d->ui->spBoxGreen, d->ui->spBoxBlue}) {
-        // The height goes first here, into the pop-up's width.
-        const QSize size = popupSize(*box);
-        box->resizeSlider(size.height(), size.width());
-    }
+    for (QtMoxSpinBox *box : {d->ui->spBoxRed, d->ui->spBoxGreen, d->ui->spBoxBlue})
+        box->resizeSlider(popupSize(*box).transposed()); // the slider stands upright
     QDialog::showEvent(event);
 }
 

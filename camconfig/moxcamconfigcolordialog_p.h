@@ -51,11 +51,10 @@ public:
         QVector<QWidget *> companions; // enabled and disabled with the spin box
     };
 
-    MoxCamConfigColorDialog *q = nullptr;
+    MoxCamConfigColorDialog *q = nullptr; // null until the form is made
     MoxCam::Device *device = nullptr;
     MoxGenParam::Array *params = nullptr; // null with no device, and with one that gives none
     std::unique_ptr<Ui_MoxCamConfigColorDialog> ui;
-    bool initialized = false;
     MoxCamConfigMapper mapper;
     std::array<Coefficient, 3> coefficients; // red, green, blue
 };

@@ -51,17 +51,15 @@ MoxCamConfigFrameABDialogPrivate::~MoxCamConfigFrameABDialogPrivate() = default;
 
 bool MoxCamConfigFrameABDialogPrivate::init(MoxCamConfigFrameABDialog *dialog, MoxCam::Device *newDevice)
 {
-    if (!initialized) {
+    if (!q) {
         q = dialog;
         buildDialog();
-        initialized = true;
     }
-    device = newDevice;
     mapper.clearMappings();
     bound = std::make_unique<QObject>();
     cutSignals(ui->spBoxDigitalGain);
     cutSignals(ui->spBoxExpTime);
-    params = paramsOf(device);
+    params = paramsOf(newDevice);
     q->setEnabled(params);
     if (!params) {
         forgetSize();
@@ -316,10 +314,8 @@ void MoxCamConfigFrameABDialogPrivate::resizePopups()
 {
     for (QtMoxSpinBox *spinBox : {ui->spBoxNumberOfFrameAs, ui->spBoxNumberOfFrameBs, ui->spBoxExpLines,
                                   ui->spBoxExpClocks, ui->spBoxFrameOffsetX, ui->spBoxFrameOffsetY, ui->spBoxFrameWidth,
-                                  ui->spBoxFrameHeight, ui->spBoxWdrE1, ui->spBoxWdrE2, ui->spBoxWdrE3}) {
-        const QSize size = popupSize(*spinBox);
-        spinBox->resizeSlider(size.height(), size.width()); // the slider stands upright
-    }
+                                  ui->spBoxFrameHeight, ui->spBoxWdrE1, ui->spBoxWdrE2, ui->spBoxWdrE3})
+        spinBox->resizeSlider(popupSize(*spinBox).transposed()); // the slider stands upright
 }
 
 MoxCamConfigFrameABDialog::MoxCamConfigFrameABDialog(MoxCam::Device *device, QWidget *parent)

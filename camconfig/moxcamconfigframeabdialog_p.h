@@ -81,11 +81,9 @@ private:
     void showSize();
     void forgetSize();
 
-    MoxCamConfigFrameABDialog *q = nullptr;
-    MoxCam::Device *device = nullptr;
+    MoxCamConfigFrameABDialog *q = nullptr; // null until the form is made
     MoxGenParam::Array *params = nullptr; // null with no device, and with one that gives none
     std::unique_ptr<Ui_MoxCamConfigFrameABDialog> ui;
-    bool initialized = false;
     bool triggerActive = false; // kept current and asked by nobody
     qint64 pixelClock = 160; // clocks in a microsecond
     qint64 lineTime = 0; // in clocks

@@ -17,7 +17,7 @@ MoxCamConfigOutputDialogPrivate::~MoxCamConfigOutputDialogPrivate() = default;
 
 bool MoxCamConfigOutputDialogPrivate::init(MoxCamConfigOutputDialog *dialog, MoxCam::Device *newDevice)
 {
-    if (!initialized) {
+    if (!q) {
         ui->setupUi(dialog);
         q = dialog;
         // The same in every language.
@@ -25,12 +25,10 @@ bool MoxCamConfigOutputDialogPrivate::init(MoxCamConfigOutputDialog *dialog, Mox
         ui->spBoxHpcDynThres->setLeftLabelText(QStringLiteral("Dyn.Thres.:"));
         // For Camera Link models: hidden for good, and bound below all the same.
         ui->groupBox->hide();
-        initialized = true;
     }
 
-    device = newDevice;
     mapper.clearMappings();
-    params = paramsOf(device);
+    params = paramsOf(newDevice);
     q->setEnabled(params);
     if (!params)
         return false;
@@ -72,11 +70,8 @@ void MoxCamConfigOutputDialog::closeEvent(QCloseEvent *event)
 
 void MoxCamConfigOutputDialog::showEvent(QShowEvent *event)
 {
-    for (QtMoxSpinBox *box : {d->ui->spBoxDpcDynThres, d->ui->spBoxHpcDynThres}) {
-        // The height goes first here, into the pop-up's width.
-        const QSize size = popupSize(*box);
-        box->resizeSlider(size.height(), size.width());
-    }
+    for (QtMoxSpinBox *box : {d->ui->spBoxDpcDynThres, d->ui->spBoxHpcDynThres})
+        box->resizeSlider(popupSize(*box).transposed()); // the slider stands upright
     QDialog::showEvent(event);
 }
 

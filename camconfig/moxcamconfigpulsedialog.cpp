@@ -20,15 +20,13 @@ MoxCamConfigPulseDialogPrivate::~MoxCamConfigPulseDialogPrivate() = default;
 
 bool MoxCamConfigPulseDialogPrivate::init(MoxCamConfigPulseDialog *dialog, MoxCam::Device *newDevice)
 {
-    if (!initialized) {
+    if (!q) {
         q = dialog;
         buildDialog();
-        initialized = true;
     }
-    device = newDevice;
     mapper.clearMappings();
     bound = std::make_unique<QObject>();
-    params = paramsOf(device);
+    params = paramsOf(newDevice);
     q->setEnabled(params);
     if (!params)
         return false;

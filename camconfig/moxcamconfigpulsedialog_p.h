@@ -37,11 +37,9 @@ private:
     void updateTiming();
     void setButtonState(bool checked);
 
-    MoxCamConfigPulseDialog *q = nullptr;
-    MoxCam::Device *device = nullptr;
+    MoxCamConfigPulseDialog *q = nullptr; // null until the form is made
     MoxGenParam::Array *params = nullptr; // null with no device, and with one that gives none
     std::unique_ptr<Ui_MoxCamConfigPulseDialog> ui;
-    bool initialized = false;
     QButtonGroup *modeGroup = nullptr; // child of the dialog
     MoxCamConfigMapper mapper;
     std::unique_ptr<QObject> bound; // ends the dialog's own connections: with the device, and before the controls

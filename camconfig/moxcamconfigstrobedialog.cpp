@@ -22,7 +22,7 @@ MoxCamConfigStrobeDialogPrivate::~MoxCamConfigStrobeDialogPrivate() = default;
 
 bool MoxCamConfigStrobeDialogPrivate::init(MoxCamConfigStrobeDialog *dialog, MoxCam::Device *newDevice)
 {
-    if (!initialized) {
+    if (!q) {
         ui->setupUi(dialog);
         q = dialog;
         ui->lblStrobeImage->setPixmap(diagram(QStringLiteral(":/images/strobeBothExp.bmp")));
@@ -40,12 +40,10 @@ bool MoxCamConfigStrobeDialogPrivate::init(MoxCamConfigStrobeDialog *dialog, Mox
         for (const QtMoxSliderSpinBox *box :
              {ui->spBoxStrobe1Delay, ui->spBoxStrobe1Width, ui->spBoxStrobe2Delay, ui->spBoxStrobe2Width})
             box->leftLabel()->setMinimumWidth(labelWidth);
-        initialized = true;
     }
 
-    device = newDevice;
     mapper.clearMappings();
-    params = paramsOf(device);
+    params = paramsOf(newDevice);
     q->setEnabled(params);
     if (!params)
         return false;

@@ -32,11 +32,9 @@ public:
     /** Shows the timing for the references of both strobes; leaves the picture while one of them cannot be set. */
     void setImageState();
 
-    MoxCamConfigStrobeDialog *q = nullptr;
-    MoxCam::Device *device = nullptr;
+    MoxCamConfigStrobeDialog *q = nullptr; // null until the form is made
     MoxGenParam::Array *params = nullptr; // null with no device, and with one that gives none
     std::unique_ptr<Ui_MoxCamConfigStrobeDialog> ui;
-    bool initialized = false;
     MoxCamConfigMapper mapper;
 
 private:

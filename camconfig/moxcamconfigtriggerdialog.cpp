@@ -15,16 +15,14 @@ MoxCamConfigTriggerDialogPrivate::~MoxCamConfigTriggerDialogPrivate() = default;
 
 void MoxCamConfigTriggerDialogPrivate::init(MoxCamConfigTriggerDialog *dialog, MoxCam::Device *newDevice)
 {
-    if (!initialized) {
+    if (!q) {
         q = dialog;
         ui->setupUi(q);
-        initialized = true;
     }
-    device = newDevice;
     mapper.clearMappings();
     bound = std::make_unique<QObject>();
     comboBoxes.clear();
-    params = paramsOf(device);
+    params = paramsOf(newDevice);
     q->setEnabled(params);
     if (!params)
         return;

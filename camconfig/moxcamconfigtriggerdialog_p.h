@@ -34,11 +34,9 @@ private:
     void enableControls();
     void enableSoftwareTrigger();
 
-    MoxCamConfigTriggerDialog *q = nullptr;
-    MoxCam::Device *device = nullptr;
+    MoxCamConfigTriggerDialog *q = nullptr; // null until the form is made
     MoxGenParam::Array *params = nullptr; // null with no device, and with one that gives none
     std::unique_ptr<Ui_MoxCamConfigTriggerDialog> ui;
-    bool initialized = false;
     MoxCamConfigMapper mapper;
     std::unique_ptr<QObject> bound; // ends the dialog's own connections: with the device, and before the controls
     QVector<QComboBox *> comboBoxes; // those whose parameter the camera has
