@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <unordered_set>
+#include <utility>
 
 namespace MoxGenApi {
 
@@ -20,6 +21,22 @@ bool isRegister(const Node &node)
 bool isFormula(const Node &node)
 {
     return node.description().kind == NodeKind::SwissKnife || node.description().kind == NodeKind::IntSwissKnife;
+}
+
+// Goes from nodes to all that get their value from them, on and on. The function says whether a node is new to it.
+template<class Mark> void spread(std::vector<Node *> open, Mark mark)
+{
+    while (!open.empty()) {
+        const Node *node = open.back();
+        open.pop_back();
+        for (Node *user : node->dependents) {
+            const bool isSource = std::any_of(user->links().begin(), user->links().end(), [node](const Link &link) {
+                return link.target == node && (link.role == Role::Value || link.role == Role::Operand);
+            });
+            if (isSource && mark(*user))
+                open.push_back(user);
+        }
+    }
 }
 
 } // namespace
@@ -106,19 +123,12 @@ void Dependencies::findWriteAround(const Nodes &nodes)
         if (node->m_cachingMode == WriteAround)
             open.push_back(node.get());
     }
-    while (!open.empty()) {
-        const Node *node = open.back();
-        open.pop_back();
-        for (Node *user : node->dependents) {
-            const bool isSource = std::any_of(user->m_links.begin(), user->m_links.end(), [node](const Link &link) {
-                return link.target == node && (link.role == Role::Value || link.role == Role::Operand);
-            });
-            if (isSource && user->m_cachingMode == WriteThrough) {
-                user->m_cachingMode = WriteAround;
-                open.push_back(user);
-            }
-        }
-    }
+    spread(open, [](Node &user) {
+        const bool isNew = user.m_cachingMode == WriteThrough;
+        if (isNew)
+            user.m_cachingMode = WriteAround;
+        return isNew;
+    });
 }
 
 void Dependencies::findPortUsers(const Nodes &nodes)
@@ -130,19 +140,7 @@ void Dependencies::findPortUsers(const Nodes &nodes)
             open.push_back(node.get());
         }
     }
-    while (!open.empty()) {
-        const Node *node = open.back();
-        open.pop_back();
-        for (Node *user : node->dependents) {
-            const bool isSource = std::any_of(user->m_links.begin(), user->m_links.end(), [node](const Link &link) {
-                return link.target == node && (link.role == Role::Value || link.role == Role::Operand);
-            });
-            if (isSource && !user->usesPort) {
-                user->usesPort = true;
-                open.push_back(user);
-            }
-        }
-    }
+    spread(open, [](Node &user) { return !std::exchange(user.usesPort, true); });
 }
 
 // Whoever walks down the categories recurses, so a category that would contain itself, at once or further down, is

@@ -74,13 +74,13 @@ int IntRegNode::width()
     return static_cast<int>(8 * checkedLength());
 }
 
-std::int64_t IntRegNode::readInteger(bool ignoreCache)
+std::int64_t IntRegNode::readValue(bool ignoreCache)
 {
     const int bits = width();
     return withSign(numberFrom(bytes(ignoreCache), m_isBigEndian), bits, m_isSigned);
 }
 
-void IntRegNode::writeInteger(std::int64_t value, bool)
+void IntRegNode::writeValue(std::int64_t value, bool)
 {
     setBytes(bytesFrom(static_cast<std::uint64_t>(value), checkedLength(), m_isBigEndian));
 }
@@ -144,14 +144,14 @@ std::uint8_t MaskedIntRegNode::shownBits(std::size_t index) const
     return bits ? bytesFrom(lowBits(bits->width) << bits->low, size, m_isBigEndian)[index] : 0xff;
 }
 
-std::int64_t MaskedIntRegNode::readInteger(bool ignoreCache)
+std::int64_t MaskedIntRegNode::readValue(bool ignoreCache)
 {
     const Field bits = field(checkedLength());
     const std::uint64_t number = numberFrom(bytes(ignoreCache), m_isBigEndian) >> bits.low & lowBits(bits.width);
     return withSign(number, bits.width, m_isSigned);
 }
 
-void MaskedIntRegNode::writeInteger(std::int64_t value, bool)
+void MaskedIntRegNode::writeValue(std::int64_t value, bool)
 {
     const std::size_t size = checkedLength();
     const Field bits = field(size);
@@ -175,7 +175,7 @@ std::size_t FloatRegNode::checkedLength()
     return static_cast<std::size_t>(bytes);
 }
 
-double FloatRegNode::readReal(bool ignoreCache)
+double FloatRegNode::readValue(bool ignoreCache)
 {
     const std::size_t size = checkedLength();
     const std::uint64_t bits = numberFrom(bytes(ignoreCache), m_isBigEndian);
@@ -190,7 +190,7 @@ double FloatRegNode::readReal(bool ignoreCache)
     return static_cast<double>(value);
 }
 
-void FloatRegNode::writeReal(double value, bool)
+void FloatRegNode::writeValue(double value, bool)
 {
     const std::size_t size = checkedLength();
     std::uint64_t bits = 0;

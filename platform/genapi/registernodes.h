@@ -45,8 +45,8 @@ public:
     IntRegNode(NodeMap &map, const NodeDescription &description, std::size_t position);
 
 protected:
-    std::int64_t readInteger(bool ignoreCache) override;
-    void writeInteger(std::int64_t value, bool verify) override;
+    std::int64_t readValue(bool ignoreCache) override;
+    void writeValue(std::int64_t value, bool verify) override;
     std::int64_t naturalMin() override;
     std::int64_t naturalMax() override;
 
@@ -68,8 +68,8 @@ public:
     std::uint8_t shownBits(std::size_t index) const override;
 
 protected:
-    std::int64_t readInteger(bool ignoreCache) override;
-    void writeInteger(std::int64_t value, bool verify) override;
+    std::int64_t readValue(bool ignoreCache) override;
+    void writeValue(std::int64_t value, bool verify) override;
     int width() override;
 
 private:
@@ -94,8 +94,8 @@ public:
     FloatRegNode(NodeMap &map, const NodeDescription &description, std::size_t position);
 
 protected:
-    double readReal(bool ignoreCache) override;
-    void writeReal(double value, bool verify) override;
+    double readValue(bool ignoreCache) override;
+    void writeValue(double value, bool verify) override;
     double naturalMin() override;
     double naturalMax() override;
 
