@@ -108,7 +108,8 @@ void MoxCameraActionDialogPrivate::onSend()
         if (!params->GetCommand("GevAction", &err))
             continue;
         SourceIPs.clear();
-        // There is no way back from it: each send adds a registration, and all of them go on counting.
+        // There is no way back from it: each send adds a registration, and where the SDK calls each of them, all go on
+        // counting.
         interfaces[i]->RegisterEventCallback(MoxCam::EventActionAcknowledge, &Acknowledgement::EventCallback, &context);
         params->ExecuteCommand("GevAction");
 

@@ -143,12 +143,16 @@ std::string World::addCameraLocked(const std::string &interfaceId, const MoxSim:
                  serial.end());
     if (serial.size() > longestSerialNumber)
         serial.resize(longestSerialNumber);
-    if (serial.empty()) {
-        char digits[16];
-        std::snprintf(digits, sizeof digits, "%06u", m_nextSerialNumber++);
-        serial = digits;
-    }
-    CameraPlan plan = planCamera(complete, {interface.facts.type, interface.facts.number, interface.nextCamera});
+    const bool isMadeUp = serial.empty();
+    CameraPlan plan;
+    do {
+        if (isMadeUp) {
+            char digits[16];
+            std::snprintf(digits, sizeof digits, "%06u", m_nextSerialNumber++);
+            serial = digits;
+        }
+        plan = planCamera(complete, {interface.facts.type, interface.facts.number, interface.nextCamera});
+    } while (isMadeUp && findCamera(plan.record.id));
     if (findCamera(plan.record.id))
         throw std::runtime_error("There is a camera " + plan.record.id + " already");
     auto camera = std::make_shared<Camera>(std::move(plan), sinceStart);

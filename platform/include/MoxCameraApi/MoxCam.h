@@ -137,8 +137,8 @@ public:
     /** Version of the transport's standard, such as "2.0". */
     virtual const char *GetVersion() = 0;
     /**
-     * Calls @p callback at each event of that `EventId`; as often as it was registered. There is no way back: @p context,
-     * which may be null, must outlive the system.
+     * Calls @p callback at each event of that `EventId`; the same callback with the same context counts once. There is no
+     * way back: @p context, which may be null, must outlive the system.
      */
     virtual void RegisterEventCallback(std::uint32_t eventId, EventCallback callback, void *context) = 0;
     /**

@@ -71,7 +71,8 @@ MOXSDK_EXPORT void removeInterface(const std::string &interfaceId);
 
 /**
  * Plugs a new camera into an interface and gives its identifier. Throws std::runtime_error with the reason when the
- * setup's description file cannot be used, and std::invalid_argument for a model that does not exist.
+ * setup's description file cannot be used or a camera with that identifier is there, and std::invalid_argument for a
+ * model that does not exist.
  */
 MOXSDK_EXPORT std::string addCamera(const std::string &interfaceId, const CameraSetup &setup);
 /** Takes a camera away for good; it is lost to its user. */
