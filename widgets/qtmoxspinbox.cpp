@@ -5,7 +5,6 @@
 #include "sliderlinks.h"
 
 #include <QHBoxLayout>
-#include <QSlider>
 #include <QToolButton>
 
 class QtMoxSpinBoxPrivate
@@ -30,9 +29,6 @@ QtMoxSpinBoxPrivate::QtMoxSpinBoxPrivate(QtMoxSpinBox *owner)
     slider->setWindowFlags(Qt::Popup);
     slider->resize(slider->orientation() == Qt::Vertical ? QSize(20, 100) : QSize(100, 20));
     QObject::connect(slider, &QtMoxSlider::focusOut, slider, &QWidget::hide);
-    // A drag ends with the pop-up, since no release reaches a slider that is hidden.
-    QObject::connect(slider, &QtMoxSlider::focusOut, slider,
-                     [inner = slider->slider()] { inner->setSliderDown(false); });
     QObject::connect(button, &QToolButton::clicked, slider, [this] { openSlider(); });
     links.connectAll();
 }

@@ -4,6 +4,7 @@
 
 #include <QObject>
 #include <QPointer>
+#include <QSlider>
 
 #include <utility>
 
@@ -39,6 +40,8 @@ public:
         connectSpinBox();
         QObject::connect(slider, &Slider::sliderPressed, &links, [this] { press(); });
         QObject::connect(slider, &Slider::sliderReleased, &links, [this] { release(); });
+        // A drag ends with the focus: no release reaches a slider that is hidden or stands behind a message box.
+        QObject::connect(slider, &Slider::focusOut, &links, [this] { slider->slider()->setSliderDown(false); });
     }
 
 private:

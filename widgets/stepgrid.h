@@ -11,7 +11,7 @@
  * tie goes up, and the ends of the range are never moved.
  *
  * Integers are computed as two's complement hardware does, without undefined behaviour: what overflows wraps around, and
- * a result at the limits of the type may lie outside the range. Free functions without state, for any thread.
+ * a 64-bit result at the limits of the type may lie outside the range. Free functions without state, for any thread.
  */
 namespace StepGrid {
 
@@ -77,10 +77,14 @@ template<class T> T snap(T value, T minimum, T maximum, T step)
     if (value == minimum || value == maximum)
         return value;
     T result;
-    if constexpr (std::is_integral_v<T>)
+    if constexpr (std::is_integral_v<T>) {
         result = wrappingAdd(minimum, snapDistance(wrappingSubtract(value, minimum), step));
-    else
+        // Rounded up beyond the largest number. Of 64 bits it stays there, which is settled.
+        if (sizeof(T) < sizeof(long long) && value > minimum && result < minimum)
+            result = maximum;
+    } else {
         result = minimum + snapDistance(value - minimum, step);
+    }
     return std::min(result, maximum); // in this order: what is not a number stays so
 }
 

@@ -2,7 +2,6 @@
 #include "testmain.h"
 
 #include <QLineEdit>
-#include <QMetaProperty>
 #include <QPointer>
 #include <QRandomGenerator>
 #include <QStyleOptionSpinBox>
@@ -236,11 +235,6 @@ private Q_SLOTS:
     {
         QTest::addColumn<QVector<qlonglong>>("row"); // range, step, value, steps, validateStepping, result
         using Row = QVector<qlonglong>;
-        QTest::newRow("refused") << Row{0, 100, 30, 90, 1, 0, 90};
-        QTest::newRow("snapped down") << Row{10, 100, 25, 37, 0, 1, 35};
-        QTest::newRow("snapped up") << Row{10, 100, 25, 48, 0, 1, 60};
-        QTest::newRow("capped") << Row{10, 100, 25, 99, 0, 1, 100};
-        QTest::newRow("from the end") << Row{10, 100, 25, 100, -1, 1, 85};
         QTest::newRow("half of an odd step") << Row{0, 100, 5, 12, 0, 1, 15};
         QTest::newRow("beyond doubles") << Row{0, Max, 2, 9007199254740993, 1, 0, 9007199254740995};
         QTest::newRow("to the largest") << Row{0, Max, 1, Max - 1, 1, 0, Max};
@@ -295,7 +289,7 @@ private Q_SLOTS:
         box.setKeyboardTracking(false);
         for (int base : {2, 10, 16, 36}) {
             box.setDisplayIntegerBase(base);
-            for (qlonglong value : {Min, -9007199254740993ll, 255ll}) {
+            for (qlonglong value : {Min, -9007199254740993ll}) {
                 box.setValue(value);
                 const QString text = box.text();
                 QCOMPARE(std::strtoll(text.toLatin1().data(), nullptr, base), value);
@@ -414,20 +408,6 @@ private Q_SLOTS:
             action(box);
             QVERIFY(!box);
         }
-    }
-
-    void properties()
-    {
-        const QMetaObject &meta = QtMoxSpinBoxVal64::staticMetaObject;
-        QByteArrayList names;
-        for (int i = meta.propertyOffset(); i < meta.propertyCount(); ++i)
-            names << meta.property(i).name();
-        for (int i = meta.methodOffset(); i < meta.methodCount(); ++i)
-            names << meta.method(i).methodSignature();
-        QCOMPARE(names.join(' '),
-                 "suffix prefix cleanText minimum maximum singleStep value displayIntegerBase "
-                 "valueChanged(qlonglong) valueChanged(QString) setValue(qlonglong) selectAll() clear()");
-        QCOMPARE(meta.userProperty().notifySignal().methodSignature(), "valueChanged(qlonglong)");
     }
 };
 

@@ -48,35 +48,26 @@ private Q_SLOTS:
     }
     void cleanup() { tree.reset(); }
 
-    void zone_data()
-    {
-        QTest::addColumn<int>("column");
-        QTest::addColumn<double>("distance"); // from the edge
-        QTest::addColumn<bool>("inside");
-        for (double distance : {-40.0, -5.0, -4.0, 0.0, 4.0, 4.4, 4.5, 5.0, 40.0}) // halves are rounded
-            QTest::addRow("%g px", distance) << 0 << distance << (qAbs(distance) < 4.5);
-        QTest::newRow("second column") << 1 << 4.0 << true;
-        QTest::newRow("last column") << 2 << 0.0 << false;
-    }
-
     void zone()
     {
-        QFETCH(int, column);
-        QFETCH(double, distance);
-        QFETCH(bool, inside);
-        const QPointF pos = edge(column) + QPointF(distance, 0);
-        QCOMPARE(resizer->ifResizable(pos.toPoint()).column(), inside ? column : -1);
-        // From the other cursor, so that both answers must be given.
-        tree->viewport()->setCursor(inside ? Qt::ArrowCursor : Qt::SplitHCursor);
-        QVERIFY(!send(QEvent::MouseMove, pos, Qt::NoButton));
-        QCOMPARE(tree->viewport()->cursor().shape(), inside ? Qt::SplitHCursor : Qt::ArrowCursor);
-        QVERIFY(!send(QEvent::MouseButtonPress, pos, Qt::RightButton));
-        QCOMPARE(send(QEvent::MouseButtonPress, pos), inside);
-        // The drag goes on: neither a second press nor another button's release ends it.
-        QVERIFY(!send(QEvent::MouseButtonPress, pos));
-        QVERIFY(!send(QEvent::MouseButtonRelease, pos, Qt::RightButton));
-        QCOMPARE(send(QEvent::MouseButtonRelease, pos), inside);
-        QVERIFY(!send(QEvent::MouseButtonRelease, pos));
+        const QVector<QPair<int, double>> places{{0, -5},  {0, -4}, {0, 0}, {0, 4}, {0, 4.4}, // halves are rounded
+                                                 {0, 4.5}, {0, 40}, {1, 4}, {2, 0}};
+        for (const auto &[column, distance] : places) {
+            const bool inside = column < 2 && qAbs(distance) < 4.5;
+            const QPointF pos = edge(column) + QPointF(distance, 0);
+            QCOMPARE(resizer->ifResizable(pos.toPoint()).column(), inside ? column : -1);
+            // From the other cursor, so that both answers must be given.
+            tree->viewport()->setCursor(inside ? Qt::ArrowCursor : Qt::SplitHCursor);
+            QVERIFY(!send(QEvent::MouseMove, pos, Qt::NoButton));
+            QCOMPARE(tree->viewport()->cursor().shape(), inside ? Qt::SplitHCursor : Qt::ArrowCursor);
+            QVERIFY(!send(QEvent::MouseButtonPress, pos, Qt::RightButton));
+            QCOMPARE(send(QEvent::MouseButtonPress, pos), inside);
+            // The drag goes on: neither a second press nor another button's release ends it.
+            QVERIFY(!send(QEvent::MouseButtonPress, pos));
+            QVERIFY(!send(QEvent::MouseButtonRelease, pos, Qt::RightButton));
+            QCOMPARE(send(QEvent::MouseButtonRelease, pos), inside);
+            QVERIFY(!send(QEvent::MouseButtonRelease, pos));
+        }
     }
 
     void noZone()
