@@ -47,7 +47,7 @@ public:
      * What the node map throws while the tree is built passes through, and nothing is shown then.
      */
     virtual void setParams(GenApi_3_0::INodeMap *nodeMap) = 0;
-    /** Shows nothing. Polling, errors and the level stay as they are. */
+    /** Shows nothing. Text typed in an open editor is dropped. Polling, errors and the level stay as they are. */
     virtual void clearParams() = 0;
 
     /** The level chosen; -1 when loadState() has met a level that does not exist. */

@@ -28,7 +28,7 @@ public:
 
     bool eventFilter(QObject *watched, QEvent *event) override
     {
-        if (event->type() == QEvent::MouseButtonPress && !editor->underMouse()) {
+        if (event->type() == QEvent::MouseButtonPress && !editor->underMouse() && !isEditorsMenuOpen()) {
             // The lost focus makes the stock delegate commit, and what hears of the new value may end the editor and this.
             qApp->removeEventFilter(this);
             editor->clearFocus();
@@ -38,6 +38,15 @@ public:
     }
 
 private:
+    /** The editor's own context menu is a part of it, though the mouse is over another window then. */
+    bool isEditorsMenuOpen() const
+    {
+        const QObject *popup = QApplication::activePopupWidget();
+        while (popup && popup != editor)
+            popup = popup->parent();
+        return popup;
+    }
+
     QWidget *const editor;
 };
 

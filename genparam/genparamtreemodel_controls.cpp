@@ -3,12 +3,15 @@
 
 #include "ip4validator.h"
 #include "qtmoxspinboxval64.h"
+#include "saturate.h"
 
 #include <QComboBox>
 #include <QDoubleSpinBox>
 #include <QLineEdit>
 #include <QPushButton>
 
+#include <cstdint>
+#include <limits>
 #include <memory>
 
 using namespace GenApi;
@@ -35,6 +38,16 @@ QVariant addressControl()
     return control(std::move(edit), LineEditControl);
 }
 
+// Of a float only the integral part is written.
+qlonglong writtenOf(double value)
+{
+    return Saturate::truncated(value);
+}
+qlonglong writtenOf(std::int64_t value)
+{
+    return value;
+}
+
 /** A combo box of the node's valid values; what cannot be fetched is missing in it. */
 template<class Node, class Text> QVariant listControl(Node *node, Text text)
 {
@@ -43,7 +56,7 @@ template<class Node, class Text> QVariant listControl(Node *node, Text text)
         const auto values = node->GetListOfValidValues(true);
         const QString unit = toQString(node->GetUnit());
         for (std::size_t i = 0; i < values.size(); ++i)
-            box->addItem(text(values[i]) + unit, qlonglong(values[i])); // of a float, only the integral part is written
+            box->addItem(text(values[i]) + unit, writtenOf(values[i]));
     } catch (const GenICam::GenericException &) { }
     return control(std::move(box), ComboControl);
 }
@@ -84,8 +97,16 @@ QVariant floatControl(IFloat *number)
     box->setDecimals(digitsOf(*number)); // the range is rounded to these, so they go first
     box->setRange(number->GetMin(), number->GetMax());
     box->setSuffix(toQString(number->GetUnit()));
-    box->setSingleStep(number->GetInc());
+    if (number->HasInc()) // with a step of nothing the arrows would be dead
+        box->setSingleStep(number->GetInc());
     return control(std::move(box), DoubleSpinControl);
+}
+
+QVariant stringControl()
+{
+    auto edit = frameless<QLineEdit>();
+    edit->setMaxLength(std::numeric_limits<int>::max()); // the camera alone limits it
+    return control(std::move(edit), LineEditControl);
 }
 
 QVariant enumerationControl(IEnumeration *enumeration)
@@ -117,7 +138,7 @@ QVariant GenParamTreeModelPrivate::ControlDataRoleImp(IValue *value) const
     case intfIFloat:
         return floatControl(CFloatPtr(value));
     case intfIString:
-        return control(frameless<QLineEdit>(), LineEditControl);
+        return stringControl();
     case intfIEnumeration:
         return enumerationControl(CEnumerationPtr(value));
     default:

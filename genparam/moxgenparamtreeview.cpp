@@ -120,6 +120,7 @@ void MoxGenParamTreeViewPrivate::clearModel()
     if (QAbstractItemModel *proxy = tree->model()) { // the parent of the model
         QItemSelectionModel *selection = tree->selectionModel();
         tree->setModel(nullptr);
+        proxy->disconnect(&receiver); // until then it must not take part in keeping the focus any more
         proxy->deleteLater();
         selection->deleteLater();
     }

@@ -1,10 +1,14 @@
 // Editors in a tree on the screen, with keys and clicks.
+#include "datarow.h"
 #include "testmain.h"
 #include "treescene.h"
 
 #include <QAbstractSpinBox>
+#include <QApplication>
 #include <QComboBox>
+#include <QContextMenuEvent>
 #include <QLineEdit>
+#include <QMenu>
 #include <QPushButton>
 
 using namespace GenApi;
@@ -27,51 +31,63 @@ private Q_SLOTS:
 
     void typing_data()
     {
-        QTest::addColumn<QByteArray>("name");
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QString>("way");
-        QTest::addColumn<QString>("expected");
-        const auto row = [](const char *name, const char *text, const char *way, const char *expected) {
-            QTest::addRow("%s by %s", name, way)
-                << QByteArray(name) << QString::fromUtf8(text) << QString::fromUtf8(way) << QString::fromUtf8(expected);
+        columns<QByteArray, QByteArray, QByteArray, QByteArray>("name", "text", "way", "expected");
+        const auto add = [](const char *name, const char *text, const char *way, const char *expected) {
+            row(QByteArray(name) + " by " + way, name, text, way, expected);
         };
         for (const char *way : {"return", "click", "tab", "filter field"}) {
-            row("Width", "42", way, "42");
-            row("User", "a b", way, "a b");
-            row("GevSCDA", "10.1.2.3", way, "10.1.2.3");
-            row("GevMACAddress", "171", way, "00:00:00:00:00:AB");
+            add("Width", "42", way, "42");
+            add("User", "a b", way, "a b");
+            add("GevSCDA", "10.1.2.3", way, "10.1.2.3");
+            add("GevMACAddress", "171", way, "00:00:00:00:00:AB");
         }
-        row("User", "x", "escape", nullptr);
-        row("GevSCDA", "10.", "click away", "0.0.0.0");
+        add("User", "x", "escape", "");
+        add("GevSCDA", "10.", "click away", "0.0.0.0");
     }
 
     void typing()
     {
         QFETCH(QByteArray, name);
-        QFETCH(QString, text);
-        QFETCH(QString, way);
+        QFETCH(QByteArray, text);
+        QFETCH(QByteArray, way);
         edit(name);
         QWidget *editor = openEditor(*view);
-        QMetaObject::invokeMethod(editor, "selectAll");
         clickAt(editor, {5, 5}); // inside it does no harm
         QMetaObject::invokeMethod(editor, "selectAll");
-        QTest::keyClicks(editor, text);
+        QTest::keyClicks(editor, QLatin1String(text));
         QCOMPARE(writesTo(name), 0);
-        const QMap<QString, Qt::Key> keys{{QStringLiteral("return"), Qt::Key_Return},
-                                          {QStringLiteral("escape"), Qt::Key_Escape},
-                                          {QStringLiteral("tab"), Qt::Key_Tab}};
+        const QMap<QByteArray, Qt::Key> keys{
+            {"return", Qt::Key_Return}, {"escape", Qt::Key_Escape}, {"tab", Qt::Key_Tab}};
         if (keys.contains(way))
             QTest::keyClick(editor, keys[way]);
-        else if (way == QLatin1String("filter field"))
+        else if (way == "filter field")
             clickAt(view->findChild<QLineEdit *>(QStringLiteral("filterLineEdit")), {60, 10});
         else
-            clickCell(*view, valueOf(*view, "Other").sibling(valueOf(*view, "Other").row(), 0));
+            clickCell(*view, valueOf(*view, "Other").siblingAtColumn(0));
         QTRY_VERIFY(openEditor(*view) != editor);
-        QTEST(valueText(name), "expected");
-        QCOMPARE(writesTo(name), way == QLatin1String("escape") || way == QLatin1String("click away") ? 0 : 1);
+        QTEST(valueText(name).toLatin1(), "expected");
+        QCOMPARE(writesTo(name), way == "escape" || way == "click away" ? 0 : 1);
         // The click that ends the edit still selects.
-        if (way == QLatin1String("click"))
+        if (way == "click")
             QCOMPARE(view->treeView()->currentIndex().row(), valueOf(*view, "Other").row());
+    }
+
+    /** Which is a window of its own, beside the editor. */
+    void editorsMenu()
+    {
+        edit("User");
+        auto *editor = openEditor<QLineEdit>(*view);
+        editor->setText(QStringLiteral("a b"));
+        for (const char *missing : {"raise()", "grabbing the keyboard"})
+            QTest::ignoreMessage(QtWarningMsg, QByteArray("This plugin does not support ").append(missing));
+        QContextMenuEvent event(QContextMenuEvent::Keyboard, {});
+        QCoreApplication::sendEvent(editor, &event);
+        auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
+        QVERIFY(menu);
+        QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(menu->actions().constLast()).center());
+        QCOMPARE(openEditor(*view), editor);
+        QCOMPARE(editor->selectedText(), QStringLiteral("a b"));
+        QCOMPARE(writesTo("User"), 0);
     }
 
     void choosing()
@@ -108,9 +124,7 @@ private Q_SLOTS:
     {
         struct Arrival
         {
-            const char *name;
-            const char *value;
-            const char *shown; // by the editor; null where the arrival ends the edit
+            const char *name, *value, *shown; // by the editor; null where the arrival ends the edit
         };
         // A combo box commits what it is changed to, also when the device changes it.
         for (const Arrival &arrival : {Arrival{"Width", "7", "7"},
