@@ -12,6 +12,7 @@
 #include <QPushButton>
 
 #include <chrono>
+#include <utility>
 
 namespace MoxGui {
 
@@ -60,10 +61,11 @@ void MoxCameraSelectorDialogPrivate::Init(MoxCameraSelectorDialog *dialog, MoxCa
 
     deviceMenu = new QMenu(q);
     QObject::connect(deviceMenu->addAction(MoxCameraSelectorDialog::tr("Set IP Address")), &QAction::triggered,
-                     &forwarder, [this] { setIpAddress(); });
+                     &forwarder, [this] { choose(&MoxCameraSelectorDialogPrivate::setIpAddress); });
     interfaceMenu = new QMenu(q);
     QObject::connect(interfaceMenu->addAction(MoxCameraSelectorDialog::tr("Connect by IP Address")),
-                     &QAction::triggered, &forwarder, [this] { connectByIpAddress(); });
+                     &QAction::triggered, &forwarder,
+                     [this] { choose(&MoxCameraSelectorDialogPrivate::connectByIpAddress); });
 
     model = new DeviceTreeModel(system, q);
     QTreeView *view = ui->cameraTreeView;
@@ -156,17 +158,29 @@ void MoxCameraSelectorDialogPrivate::showContextMenu(const QPoint &pos)
         menu = interfaceMenu;
     if (!menu)
         return;
-    // Its entry runs when the menu is left: Qt still writes to a menu whose entry is running, and an application that
-    // deletes the selector meanwhile deletes the menu with it.
-    const QPointer<QAction> entry = menu->actions().constFirst();
-    entry->blockSignals(true);
+    const QPointer<QMenu> same(menu);
+    openMenu = menu;
     // The view's own coordinates, though the position is one of its viewport.
-    const bool chosen = menu->exec(ui->cameraTreeView->mapToGlobal(pos));
-    if (!entry) // deleted with the menu open
+    menu->exec(ui->cameraTreeView->mapToGlobal(pos));
+    if (!same) // deleted with the selector
         return;
-    entry->blockSignals(false);
-    if (chosen)
-        entry->trigger();
+    openMenu = nullptr;
+    if (const Handler handler = std::exchange(chosen, nullptr))
+        (this->*handler)();
+}
+
+/**
+ * Runs what a menu's entry is for, when its menu is left: Qt still writes to a menu whose entry is running, and an
+ * application that deletes the selector meanwhile deletes the menu with it.
+ */
+void MoxCameraSelectorDialogPrivate::choose(Handler handler)
+{
+    if (!openMenu) {
+        (this->*handler)();
+        return;
+    }
+    chosen = handler;
+    openMenu->close(); // a screen reader leaves it open
 }
 
 MoxCameraSelectorDialog::MoxCameraSelectorDialog(MoxCam::System *system, QWidget *parent, bool poll)

@@ -84,13 +84,19 @@ public:
     std::atomic<bool> changed{false};
 
 private:
+    using Handler = void (MoxCameraSelectorDialogPrivate::*)();
+
     bool hasNewDevices();
     void stopThread();
     void showContextMenu(const QPoint &pos);
+    void choose(Handler handler);
     void setIpAddress();
     void connectByIpAddress();
     void fillDeviceInfo(MoxCam::DeviceInfo *info, int row);
     void fillInterfaceInfo(MoxCam::Interface *iface);
+
+    QMenu *openMenu = nullptr; // one of the two, while it is open
+    Handler chosen = nullptr; // its entry that waits until it is left
 };
 
 } // namespace MoxGui

@@ -5,6 +5,7 @@
 #include <GenApi/GenApi.h>
 #include <MoxCameraApi/MoxCam.h>
 #include <MoxCameraApi/MoxGenParam.h>
+#include <MoxCameraApi/MoxSimulation.h>
 
 #include <QString>
 
@@ -12,13 +13,12 @@
 #include <map>
 #include <memory>
 #include <mutex>
+#include <stdexcept>
 #include <string>
 #include <tuple>
 #include <vector>
 
 namespace MoxTest {
-
-class Wrapped;
 
 /** What goes wrong. A call counts for a failure only if it can show it. */
 enum Failure : unsigned {
@@ -36,18 +36,87 @@ enum Failure : unsigned {
 class FaultPlan
 {
 public:
-    static FaultPlan &instance();
+    static FaultPlan &instance()
+    {
+        static FaultPlan plan;
+        return plan;
+    }
 
     /** Fails the @p nth call from now, or only counts for 0. Cameras and ports that fail are those of @p camera. */
-    void arm(Failure kind, unsigned nth, const std::string &camera);
+    void arm(Failure kind, unsigned nth, const std::string &camera)
+    {
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        m_kind = kind;
+        m_nth = nth;
+        m_count = 0;
+        m_camera = camera;
+        m_struck.clear();
+        places.clear();
+        m_firstAccess = MoxSim::accessCount(camera);
+        if (kind & PortFailures)
+            MoxSim::failAccess(camera, nth);
+    }
     /** Gives what was counted since arm(). */
-    unsigned disarm();
+    unsigned disarm()
+    {
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        if (m_kind & PortFailures) {
+            MoxSim::failAccess(m_camera, 0);
+            m_count = unsigned(MoxSim::accessCount(m_camera) - m_firstAccess);
+        }
+        m_kind = {};
+        return m_count;
+    }
     /** Asked by every call: how it is to fail by its result, or 0. Exceptions are thrown here. */
-    unsigned failure(const char *function, unsigned possible, const Wrapped &object);
+    template<class Subject> unsigned failure(const char *function, unsigned possible, Subject subject)
+    {
+        std::unique_lock<std::mutex> lock(m_mutex);
+        // The port has failed by itself.
+        if (m_kind & PortFailures && m_nth > 0 && m_struck.empty()
+            && MoxSim::accessCount(m_camera) >= m_firstAccess + m_nth) {
+            m_struck = std::string("before ") + function + ' ' + subject();
+            if (m_kind == PortForever)
+                MoxSim::failAccess(m_camera, 1, true);
+        }
+        if (!(m_kind & possible))
+            return 0;
+        if (m_nth == 0)
+            places.push_back({function, step, subject()});
+        if (++m_count != m_nth)
+            return 0;
+        m_struck = std::string(function) + ' ' + subject();
+        const Failure kind = m_kind;
+        lock.unlock();
+        if (kind == Exception)
+            throw std::runtime_error("the call is to fail");
+        if (kind == NodeError)
+            throw RUNTIME_EXCEPTION("the call is to fail");
+        if (kind != CameraLost)
+            return kind;
+        MoxSim::setPlugged(m_camera, false);
+        return 0;
+    }
     /** The call that has failed; empty if none has. */
-    QString struckCall() const;
+    QString struckCall() const
+    {
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        return QString::fromStdString(m_struck);
+    }
     /** What the library uses of the SDK; empty if nothing. */
-    QString leftOver() const;
+    QString leftOver() const
+    {
+        const std::pair<const char *, int> counts[] = {{"systems", systems},
+                                                       {"lists", lists},
+                                                       {"devices", devices},
+                                                       {"sinks", sinks},
+                                                       {"callbacks", nodeCallbacks}};
+        QString text;
+        for (const auto &[name, count] : counts) {
+            if (count != 0)
+                text += QStringLiteral(" %1 %2").arg(count).arg(QLatin1String(name));
+        }
+        return text;
+    }
 
     /** Calls that are alike: by function and step of the scenario, and for a fine sweep by the object's name. */
     struct Place
@@ -83,7 +152,7 @@ public:
     template<class Result, class Call>
     Result pass(const char *function, unsigned possible, MoxCamErr *err, Call call) const
     {
-        const unsigned failure = FaultPlan::instance().failure(function, possible, *this);
+        const unsigned failure = FaultPlan::instance().failure(function, possible, [this] { return subject(); });
         if (!failure)
             return call();
         if (err)

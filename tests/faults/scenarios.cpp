@@ -4,8 +4,9 @@
 #include "livecamera.h"
 #include "moxcameraguiapi.h"
 #include "moxgenparamtreeview.h"
-#include "sweep.h"
+#include "scenario.h"
 
+#include <QAction>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QTabWidget>
@@ -27,14 +28,20 @@ void press(QAbstractButton *button)
         QTest::mouseClick(button, Qt::LeftButton, {}, QPoint(8, button->height() / 2)); // a check box's indicator
 }
 
-/** Of the modal window. */
+/** Of the modal window, by its caption. */
+template<class Clickable> Clickable *find(const char *text)
+{
+    const auto all = modal() ? modal()->findChildren<Clickable *>() : QList<Clickable *>();
+    for (Clickable *each : all) {
+        if (each->text().remove(QLatin1Char('&')) == QLatin1String(text))
+            return each;
+    }
+    return nullptr;
+}
+
 void press(const char *text)
 {
-    const auto buttons = modal() ? modal()->findChildren<QAbstractButton *>() : QList<QAbstractButton *>();
-    for (QAbstractButton *button : buttons) {
-        if (button->text().remove(QLatin1Char('&')) == QLatin1String(text))
-            return press(button);
-    }
+    press(find<QAbstractButton>(text));
 }
 
 /** Types into an editor and commits; a combo box goes from its first entry to the second, or one up. */
@@ -119,12 +126,14 @@ struct Selecting final : SystemScenario
     }
 };
 
-struct ForcingAddress final : SystemScenario
+/** From cameras that cannot be chosen, one on the wrong subnet and one that hides, to a chosen one. */
+struct RepairingAddresses final : SystemScenario
 {
     using SystemScenario::SystemScenario;
 
     void play(User &user) override
     {
+        const std::string hidden = MoxSim::ipAddress(cameras[3]);
         user.plan({
             [] { pick(2); },
             [] { press("Set IP Address"); },
@@ -134,10 +143,29 @@ struct ForcingAddress final : SystemScenario
             },
             [] { pick(1); },
             [] { pick(2); },
-            [] { press("OK"); },
+            [this] { isRepaired = find<QAbstractButton>("OK") && find<QAbstractButton>("OK")->isEnabled(); },
+            [] {
+                if (cameraTree())
+                    cameraTree()->setCurrentIndex(adapter());
+            },
+            [] {
+                if (auto *action = find<QAction>("Connect by IP Address"))
+                    action->trigger();
+            },
+            [=] {
+                if (modal() && !cameraTree())
+                    enter(modal()->findChild<QLineEdit *>(), hidden.c_str());
+            },
         });
         selected = SelectCameraA(system.get(), "Sweep", 0, false);
     }
+    bool succeeded() override
+    {
+        return isRepaired && MoxSim::reach(camera) == MoxSim::Reach::Open && selected
+            && selected->GetID() == cameras[3];
+    }
+
+    bool isRepaired = false;
 };
 
 struct SendingAction final : SystemScenario
@@ -334,42 +362,31 @@ struct Configuring final : Scenario
 
 } // namespace
 
-std::unique_ptr<Scenario> selecting()
+std::unique_ptr<Scenario> makeScenario(const QByteArray &name)
 {
-    return std::make_unique<Selecting>(0);
-}
-
-std::unique_ptr<Scenario> forcingAddress()
-{
-    return std::make_unique<ForcingAddress>(2);
-}
-
-std::unique_ptr<Scenario> editingTree()
-{
+    if (name == "select")
+        return std::make_unique<Selecting>(0);
+    if (name == "address")
+        return std::make_unique<RepairingAddresses>(2);
+    if (name == "action")
+        return std::make_unique<SendingAction>(0);
+    if (name == "frames") {
+        return std::make_unique<Configuring>(
+            MoxSim::Model::FrameAB,
+            std::vector<Change>{{"pushBtnFrameAB", "cmBoxFrameMode", "", "FrameMode", "FrameB"},
+                                {"pushBtnFrameAB", "spBoxExpTime", "2000", "CurrentExposureTime", "2000"},
+                                {"pushBtnTrigger", "chBoxTriggerEnable", "", "TriggerMode", "On"},
+                                {"pushBtnPulse", "spBoxPeriod", "500", "PulseGenPeriod", "500"},
+                                {"pushBtnStrobe", "cmBoxStrobe2Mode", "", "Strobe2Mode", "Timed"},
+                                {"pushBtnDataOut", "chBoxHorMirror", "", "ReverseX", "true"}});
+    }
+    if (name == "color") {
+        return std::make_unique<Configuring>(
+            MoxSim::Model::Color,
+            std::vector<Change>{{"pushBtnTrigger", "chBoxTriggerEnable", "", "TriggerMode", "On"},
+                                {"pushBtnColor", "spBoxRed", "300", "RedCoefficient", "300"}});
+    }
     return std::make_unique<EditingTree>();
-}
-
-std::unique_ptr<Scenario> configuringFrames()
-{
-    static const std::vector<Change> changes{{"pushBtnFrameAB", "cmBoxFrameMode", "", "FrameMode", "FrameB"},
-                                             {"pushBtnFrameAB", "spBoxExpTime", "2000", "CurrentExposureTime", "2000"},
-                                             {"pushBtnTrigger", "chBoxTriggerEnable", "", "TriggerMode", "On"},
-                                             {"pushBtnPulse", "spBoxPeriod", "500", "PulseGenPeriod", "500"},
-                                             {"pushBtnStrobe", "cmBoxStrobe2Mode", "", "Strobe2Mode", "Timed"},
-                                             {"pushBtnDataOut", "chBoxHorMirror", "", "ReverseX", "true"}};
-    return std::make_unique<Configuring>(MoxSim::Model::FrameAB, changes);
-}
-
-std::unique_ptr<Scenario> configuringColor()
-{
-    static const std::vector<Change> changes{{"pushBtnTrigger", "chBoxTriggerEnable", "", "TriggerMode", "On"},
-                                             {"pushBtnColor", "spBoxRed", "300", "RedCoefficient", "300"}};
-    return std::make_unique<Configuring>(MoxSim::Model::Color, changes);
-}
-
-std::unique_ptr<Scenario> sendingAction()
-{
-    return std::make_unique<SendingAction>(0);
 }
 
 } // namespace MoxTest

@@ -7,7 +7,6 @@
 #include "fakesdk.h"
 #include "moxcameraselectordialog.h"
 #include "moxcameraselectordialog_p.h"
-#include "outline.h"
 
 #include <QCoreApplication>
 #include <QDialogButtonBox>
@@ -20,6 +19,20 @@ namespace MoxTest {
 inline QString operator""_s(const char *text, std::size_t size)
 {
     return QString::fromUtf8(text, int(size));
+}
+
+/** What a device tree has fetched, in the words of FakeSystem::outline(). */
+inline std::string outline(const DeviceTreeModel &model)
+{
+    std::string text;
+    for (int i = 0; i < model.rowCount(); ++i) {
+        const QModelIndex iface = model.index(i, 0);
+        text += model.getItemID(iface).toStdString() + '[';
+        for (int k = 0; k < model.rowCount(iface); ++k)
+            text += model.getItemID(model.index(k, 0, iface)).toStdString() + ' ';
+        text += ']';
+    }
+    return text;
 }
 
 // An explicit instantiation may name a private member: the way to what stands behind the dialog.

@@ -1,9 +1,15 @@
-#include "modaluser.h"
+#include "datarow.h"
 #include "selectorscene.h"
 #include "testmain.h"
 
+#include <QAccessible>
 #include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QMessageBox>
+#include <QPointer>
 #include <QSignalSpy>
+#include <QTimer>
 
 using namespace MoxTest;
 using Change = std::function<void(Scene &)>;
@@ -28,6 +34,89 @@ bool waiting()
     return QGuiApplication::overrideCursor() && QGuiApplication::overrideCursor()->shape() == Qt::WaitCursor;
 }
 
+QLineEdit *field(const QWidget *window, const QString &name)
+{
+    return window->findChild<QLineEdit *>(name + "LineEdit"_s);
+}
+
+/**
+ * Answers the modal windows and menus that open one after the other, as long as it lives. An answer is
+ * "field=text button", either part of it alone, "first" for a menu's first entry, "press" for the same by a screen
+ * reader, or nothing to close the window without a button; answers are parted by semicolons. It keeps what the windows said and leaves none open, whatever a comparison
+ * in `before` finds.
+ */
+class ModalUser
+{
+public:
+    explicit ModalUser(const QString &script) : answers(script.split(QLatin1Char(';'), QString::SkipEmptyParts))
+    {
+        QObject::connect(&timer, &QTimer::timeout, &timer, [this] { look(); });
+        timer.start(0);
+    }
+
+    QStringList answers; // not given yet
+    QStringList seen;
+    std::function<void(QWidget *window)> before = [](QWidget *) {};
+
+private:
+    static QString wordsOf(QWidget *window)
+    {
+        if (const auto *menu = qobject_cast<QMenu *>(window))
+            return menu->actions().first()->text();
+        const auto *box = qobject_cast<QMessageBox *>(window);
+        if (!box)
+            return window->windowTitle();
+        QStringList words{box->windowTitle(), box->text()};
+        for (const auto button : {QMessageBox::Ok, QMessageBox::Ignore, QMessageBox::Cancel})
+            if (box->standardButtons() & button)
+                words << box->button(button)->text().remove(QLatin1Char('&'));
+        return (box->icon() == QMessageBox::Critical ? QString() : "not critical: "_s) + words.join(QLatin1Char('|'));
+    }
+    static void answer(QWidget *window, const QString &text)
+    {
+        if (text == "first"_s) {
+            QTest::keyClick(window, Qt::Key_Down);
+            return QTest::keyClick(window, Qt::Key_Return);
+        }
+        if (text == "press"_s)
+            return QAccessible::queryAccessibleInterface(window)->child(0)->actionInterface()->doAction(
+                QAccessibleActionInterface::pressAction());
+        const QStringList parts = text.split(QLatin1Char(' '));
+        for (const QString &part : parts) {
+            if (part.contains(QLatin1Char('='))) {
+                QLineEdit *edit = field(window, part.section(QLatin1Char('='), 0, 0));
+                edit->selectAll();
+                QTest::keyClicks(edit, part.section(QLatin1Char('='), 1));
+                continue;
+            }
+            const auto buttons = window->findChildren<QPushButton *>();
+            for (QPushButton *button : buttons) {
+                if (button->text().remove(QLatin1Char('&')) == part)
+                    return button->click();
+            }
+        }
+        if (auto *dialog = qobject_cast<QDialog *>(window))
+            dialog->done(QDialog::Rejected);
+        else
+            window->close();
+    }
+    void look()
+    {
+        const QPointer<QWidget> window =
+            QApplication::activePopupWidget() ? QApplication::activePopupWidget() : QApplication::activeModalWidget();
+        if (!window || !window->isVisible() || window->inherits("MoxGui::MoxCameraSelectorDialog"))
+            return;
+        timer.stop(); // `before` may let events in
+        seen << wordsOf(window);
+        before(window);
+        timer.start(); // an answer may open the next window
+        if (window)
+            answer(window, answers.isEmpty() ? QString() : answers.takeFirst());
+    }
+
+    QTimer timer;
+};
+
 } // namespace
 
 class TestIpTools : public QObject
@@ -39,43 +128,31 @@ private Q_SLOTS:
 
     void forceIp_data()
     {
-        QTest::addColumn<Change>("change");
-        QTest::addColumn<QString>("script");
-        QTest::addColumn<QStringList>("windows");
-        QTest::addColumn<Addresses>("forced");
-        const QStringList dialog = {"Set IP Address"_s};
-        const QStringList warned = dialog + QStringList{warning};
-        const auto row = [](const QString &name, const Change &change, const char *script, const QStringList &windows,
-                            const Addresses &forced = {}) {
-            QTest::newRow(qPrintable(name)) << change << QString::fromLatin1(script) << windows << forced;
+        columns<Change, QString, QStringList, Addresses>("change", "script", "windows", "forced");
+        const QStringList dialog{"Set IP Address"_s};
+        const auto fails = [&](const char *name, const Change &change) {
+            row(name, change, "OK"_s, QStringList{noIp}, Addresses());
         };
-        const auto fails = [&](const QString &name, const Change &change) { row(name, change, "OK", {noIp}); };
-        fails("nothing is current"_s, [](Scene &s) { s.select({}); });
-        fails("an interface"_s, [](Scene &s) { s.select("G"_s); });
-        fails("not GigE Vision"_s, [](Scene &s) { s.select("u1"_s); });
-        fails("no parameters"_s, [](Scene &s) { s.gige->parametersError = -1; });
-        fails("null parameters"_s, [](Scene &s) { s.gige->parameters = nullptr; });
-        fails("camera not selected"_s, [](Scene &s) { s.gigeParams.refused = "DeviceSelector"; });
+        fails("nothing is current", [](Scene &s) { s.select({}); });
+        fails("an interface", [](Scene &s) { s.select("G"_s); });
+        fails("not GigE Vision", [](Scene &s) { s.select("u1"_s); });
+        fails("no parameters", [](Scene &s) { s.gige->parametersError = -1; });
+        fails("null parameters", [](Scene &s) { s.gige->parameters = nullptr; });
+        fails("camera not selected", [](Scene &s) { s.gigeParams.refused = "DeviceSelector"; });
         for (int read = 1; read <= 7; ++read) // after the four that filled the panels
-            fails("read %1"_s.arg(read), [read](Scene &s) { s.gigeParams.failingRead = 4 + read; });
+            fails(qPrintable("read %1"_s.arg(read)), [read](Scene &s) { s.gigeParams.failingRead = 4 + read; });
         const Change refuses = [](Scene &s) { s.g1->forceIpResult = -1; };
-        row("camera refuses"_s, refuses, "OK;OK", dialog + QStringList{noIp}, {0xC0A80181, 0xFFFFFF00, 0});
-        const std::pair<unsigned, unsigned> proposals[] = {{0, 1},     {1, 2},     {127, 128}, {128, 129},
-                                                           {129, 128}, {130, 129}, {254, 253}, {255, 254}};
-        for (const auto &[adapter, camera] : proposals) {
-            const std::int64_t address = 0xC0A80100 + adapter;
-            row("adapter %1"_s.arg(adapter),
-                [address](Scene &s) { s.gigeParams.numbers["GevInterfaceSubnetIPAddress"] = {address}; }, "OK", dialog,
-                {0xC0A80100 + camera, 0xFFFFFF00, 0});
-        }
-        const Change none = [](Scene &) {};
-        row("cancel"_s, none, "Cancel", dialog);
-        row("cancel a wrong one"_s, none, "ipAddress=10.0.0.1 Cancel", dialog);
-        row("OK abandons"_s, none, "ipAddress=10.0.0.1 OK;OK", warned);
-        row("Ignore confirms"_s, none, "ipAddress=10.0.0.1 OK;Ignore", warned, {0x0A000001, 0xFFFFFF00, 0});
-        row("no answer confirms nothing"_s, none, "ipAddress=10.0.0.1 OK; ", warned);
-        row("mask"_s, none, "subnetMask=255.255.0.0 OK;Ignore", warned, {0xC0A80181, 0xFFFF0000, 0});
-        row("any gateway"_s, none, "defaultGateway=8.8.8.8 OK", dialog, {0xC0A80181, 0xFFFFFF00, 0x08080808});
+        row("camera refuses", refuses, "OK;OK"_s, dialog + QStringList{noIp}, Addresses{0xC0A80181, 0xFFFFFF00, 0});
+        const Change above = [](Scene &s) { s.gigeParams.numbers["GevInterfaceSubnetIPAddress"] = {0xC0A80181}; };
+        row("adapter 129", above, "OK"_s, dialog, Addresses{0xC0A80180, 0xFFFFFF00, 0}); // 128 is the scene's own
+        const auto user = [&](const char *name, const QString &script, const QStringList &more, const Addresses &got) {
+            row(name, Change([](Scene &) {}), script, dialog + more, got);
+        };
+        user("cancel a wrong one", "ipAddress=10.0.0.1 Cancel"_s, {}, {});
+        user("OK abandons", "ipAddress=10.0.0.1 OK;OK"_s, {warning}, {});
+        user("Ignore confirms", "ipAddress=10.0.0.1 OK;Ignore"_s, {warning}, {0x0A000001, 0xFFFFFF00, 0});
+        user("no answer confirms nothing", "ipAddress=10.0.0.1 OK; "_s, {warning}, {});
+        user("any gateway", "defaultGateway=8.8.8.8 OK"_s, {}, {0xC0A80181, 0xFFFFFF00, 0x08080808});
     }
 
     void forceIp()
@@ -92,7 +169,7 @@ private Q_SLOTS:
         QTEST(user.seen, "windows");
         QVERIFY(user.answers.isEmpty());
         QTEST(scene.g1->forcedAddresses, "forced");
-        QVERIFY(scene.dialog->isVisible());
+        QVERIFY(scene.dialog->isVisible() && scene.dialog->findChildren<QDialog *>().isEmpty());
         QVERIFY(waited && !QGuiApplication::overrideCursor());
     }
 
@@ -106,7 +183,7 @@ private Q_SLOTS:
             QStringList texts;
             for (const char *name :
                  {"nicMac", "nicIp", "nicSubnetMask", "macAddress", "ipAddress", "subnetMask", "defaultGateway"})
-                texts << window->findChild<QLineEdit *>(QLatin1String(name) + "LineEdit"_s)->text();
+                texts << field(window, QLatin1String(name))->text();
             QCOMPARE(texts.join(QLatin1Char(' ')),
                      "00:1A:2B:3C:4D:5E 192.168.1.128 255.255.255.0 0A:00:00:00:00:FF 192.168.1.129 255.255.255.0 "
                      "192.168.1.1"_s);
@@ -161,34 +238,28 @@ private Q_SLOTS:
 
     void selectorDeletedMeanwhile_data()
     {
-        QTest::addColumn<QString>("item");
-        QTest::addColumn<QString>("script"); // the selector goes with the last window
-        QTest::newRow("Set IP dialog") << "g1"
-                                       << "OK";
-        QTest::newRow("warning") << "g1"
-                                 << "ipAddress=10.0.0.1 OK;Ignore";
-        QTest::newRow("refusal") << "g1"
-                                 << "OK;OK";
-        QTest::newRow("Connect dialog") << "G"
-                                        << "OK";
-        QTest::newRow("no camera") << "G"
-                                   << "OK;OK";
+        columns<QString, QString>("item", "script"); // the selector goes with the last window
+        row("Set IP dialog", "g1"_s, "OK"_s);
+        row("warning", "g1"_s, "ipAddress=10.0.0.1 OK;Ignore"_s);
+        row("refusal", "g1"_s, "OK;OK"_s);
+        row("Connect dialog", "G"_s, "OK"_s);
+        row("no camera", "G"_s, "OK;OK"_s);
     }
 
     void selectorDeletedMeanwhile()
     {
         QFETCH(QString, item);
         QFETCH(QString, script);
-        for (const bool fromMenu : {false, true}) {
+        for (const QString &entry : {QString(), "first;"_s, "press;"_s}) {
             Scene scene;
             scene.select(item);
             scene.g1->forceIpResult = -1;
-            ModalUser user(fromMenu ? "first;"_s + script : script);
+            ModalUser user(entry + script);
             user.before = [&](QWidget *) {
                 if (user.answers.size() == 1)
                     scene.dialog.reset();
             };
-            if (fromMenu)
+            if (!entry.isEmpty())
                 openMenu(scene, scene.tree->visualRect(scene.tree->currentIndex()).center());
             else if (item == "G"_s)
                 scene.d->interfaceMenu->actions().first()->trigger();
@@ -265,6 +336,10 @@ private Q_SLOTS:
                 openMenu(scene, pos);
             QCOMPARE(user.seen.join(QString()), action);
         }
+        ModalUser user({});
+        user.before = [&](QWidget *) { scene.dialog.reset(); };
+        openMenu(scene, scene.tree->visualRect(scene.model->getItemIdx("g1"_s)).center());
+        QVERIFY(!scene.dialog);
     }
 
 private:

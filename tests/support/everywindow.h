@@ -100,6 +100,15 @@ public:
         };
     }
 
+    /** A window made with these arguments. */
+    template<class Window, class... Arguments> static std::function<void(const Look &)> on(Arguments... arguments)
+    {
+        return [=](const Look &look) {
+            Window window(arguments...);
+            lookAt(window, look);
+        };
+    }
+
 private:
     using Camera = SdkPointer<MoxCam::Device>;
 
@@ -133,14 +142,6 @@ private:
         });
         action();
         QVERIFY(opened);
-    }
-
-    template<class Window, class... Arguments> static std::function<void(const Look &)> on(Arguments... arguments)
-    {
-        return [=](const Look &look) {
-            Window window(arguments...);
-            lookAt(window, look);
-        };
     }
 
     SdkPointer<MoxCam::System> system;

@@ -2,9 +2,7 @@
 #ifndef MOX_FAKEPARAMS_H
 #define MOX_FAKEPARAMS_H
 
-#include <MoxCameraApi/MoxGenParam.h>
-
-#include <QStringList>
+#include "fakefeatures.h"
 
 #include <functional>
 #include <map>
@@ -69,32 +67,10 @@ public:
     }
 
 private:
-    template<class Base, int type> struct Feature : public Base
-    {
-        int GetType() override { return type; }
-        const char *GetName() override { return name.c_str(); }
-        bool IsAvailable() override { return true; }
-        bool IsWritable() override { return true; }
-        bool IsReadable() override { return true; }
-        void RegisterEventSink(MoxGenParam::ParamEventSink *) override { }
-        void UnregisterEventSink(MoxGenParam::ParamEventSink *) override { }
-
-        std::string name;
-
-    protected:
-        ~Feature() = default;
-    };
-
-    /** Any command; it is run by its name. */
-    struct Command final : public Feature<MoxGenParam::Command, MoxGenParam::TypeCommand>
-    {
-        MoxCamErr Execute() override { return MoxCamError::GenICamUnknownParameter; }
-    };
-
     /** The integer that was looked up last. */
-    struct Number final : public Feature<MoxGenParam::Int, MoxGenParam::TypeInteger>
+    struct Number final : FakeFeatureOf<MoxGenParam::Int, MoxGenParam::TypeInteger>
     {
-        MoxCamErr SetValue(std::int64_t value) override { return params->SetIntegerValue(name.c_str(), value); }
+        MoxCamErr SetValue(std::int64_t number) override { return params->SetIntegerValue(name.c_str(), number); }
         std::int64_t GetValue(MoxCamErr *err) override { return params->GetIntegerValue(name.c_str(), err); }
         std::int64_t GetMin(MoxCamErr *) override { return INT64_MIN; }
         std::int64_t GetMax(MoxCamErr *) override { return INT64_MAX; }
@@ -115,7 +91,7 @@ private:
             *err = value;
     }
 
-    Command command;
+    FakeCommand command; // any; it is run by its name
     Number number;
     int reads = 0;
 };

@@ -55,9 +55,9 @@ private:
     bool noiseDropped = false;
 };
 
-template<class Test> int run(int argc, char **argv)
+template<class Test, class App = Application> int run(int argc, char **argv)
 {
-    Application app(argc, argv);
+    App app(argc, argv);
     // Nobody's own settings are read or changed, neither by the test nor by programs that it starts.
     const QTemporaryDir settings;
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, settings.path());

@@ -1,10 +1,12 @@
-// Runs a scenario again and again, each time with another failure, and looks after it.
-#ifndef MOX_SWEEP_H
-#define MOX_SWEEP_H
+// What users do with the library, step by step, whatever fails.
+#ifndef MOX_SCENARIO_H
+#define MOX_SCENARIO_H
 
 #include "faultycalls.h"
 
+#include <QApplication>
 #include <QElapsedTimer>
+#include <QMessageBox>
 #include <QTimer>
 
 #include <functional>
@@ -42,13 +44,41 @@ public:
     Q_DISABLE_COPY(User)
 
     /** For steps inside a modal window that is to be opened. */
-    void plan(std::vector<Step> steps);
+    void plan(std::vector<Step> steps)
+    {
+        m_steps = std::move(steps);
+        m_next = 0;
+    }
     /** Returns when all steps have been taken and no window is modal. */
-    void take(std::vector<Step> steps);
+    void take(std::vector<Step> steps)
+    {
+        plan(std::move(steps));
+        while (!isStuck() && (m_next < m_steps.size() || QApplication::activeModalWidget()))
+            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    }
     bool isStuck() const { return m_closed > 100; }
 
 private:
-    void tick();
+    void tick()
+    {
+        // First, for what follows may open a modal window or throw.
+        QTimer::singleShot(0, &context, [this] { tick(); });
+        QWidget *modal = QApplication::activeModalWidget();
+        if (qobject_cast<QMessageBox *>(modal) || (modal && m_next >= m_steps.size())) {
+            ++m_closed;
+            modal->close();
+        } else if (m_next < m_steps.size()) {
+            FaultPlan::instance().step = int(m_next);
+            m_closed = 0;
+            if (!m_waiting.isValid())
+                m_waiting.start();
+            const std::size_t step = m_next++;
+            if (m_steps[step].take() || m_waiting.elapsed() > m_patience)
+                m_waiting.invalidate();
+            else
+                m_next = step;
+        }
+    }
 
     const int m_patience;
     QObject context; // the ticks end with it
@@ -70,38 +100,8 @@ struct Scenario
     std::string camera; // that is lost, and whose port fails
 };
 
-using MakeScenario = std::unique_ptr<Scenario> (*)();
-std::unique_ptr<Scenario> selecting(), forcingAddress(), editingTree(), configuringFrames(), configuringColor(),
-    sendingAction();
-
-/** Sweeps failures of one kind through a scenario. */
-class Sweep
-{
-public:
-    Sweep(QByteArray name, MakeScenario make, Failure kind) : m_name(std::move(name)), m_make(make), m_kind(kind) { }
-
-    /** Gives what went wrong; what was done goes to the log. */
-    QStringList run();
-
-    /** Has hangs end the program, and crashes tell the run. To be called once, at the start. */
-    static void watch();
-    static inline std::atomic<int> caught{0}; // exceptions, by the application's event loop or the library's caller
-
-private:
-    struct Result
-    {
-        unsigned calls;
-        bool succeeded, struck;
-        QStringList problems;
-        std::vector<FaultPlan::Place> places;
-    };
-    Result once(unsigned nth) const;
-    std::vector<unsigned> chosen(const Result &untouched) const;
-
-    const QByteArray m_name;
-    const MakeScenario m_make;
-    const Failure m_kind;
-};
+/** One of "select", "address", "tree", "frames", "color" and "action". */
+std::unique_ptr<Scenario> makeScenario(const QByteArray &name);
 
 } // namespace MoxTest
 
