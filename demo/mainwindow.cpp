@@ -15,6 +15,7 @@
 #include <QComboBox>
 #include <QCommandLinkButton>
 #include <QGroupBox>
+#include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
@@ -98,7 +99,7 @@ MainWindow::MainWindow(MoxCam::System *system, bool poll) : m_system(system)
     layout->addWidget(all);
     setCentralWidget(content);
     setChosenCamera(nullptr);
-    const QSize room = screen()->availableSize();
+    const QSize room = QGuiApplication::primaryScreen()->availableSize();
     resize(QSize(1040, 840).boundedTo(room));
 }
 

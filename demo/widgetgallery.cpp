@@ -192,7 +192,7 @@ WidgetGallery::WidgetGallery(QWidget *parent) : QWidget(parent, Qt::Window), m_w
     auto *layout = new QVBoxLayout(this);
     layout->addWidget(splitter);
     // All of the columns and some lines of the list, where the screen has room for them.
-    resize((content->sizeHint() + QSize(60, 260)).boundedTo(screen()->availableSize()));
+    resize((content->sizeHint() + QSize(60, 260)).boundedTo(QGuiApplication::primaryScreen()->availableSize()));
 }
 
 WidgetGallery::~WidgetGallery() = default;

@@ -8,6 +8,7 @@
 #include "qtmoxslider.h"
 #include "qtmoxspinbox.h"
 #include "qtmoxspinboxval64.h"
+#include "widgetgallery.h"
 
 #include <QAccessible>
 #include <QButtonGroup>
@@ -111,6 +112,27 @@ void verifyTabs(QWidget &window)
     QVERIFY2(returns.size() <= 1, qPrintable(returns.join(QStringLiteral(", "))));
 }
 
+/** All of it in view. */
+struct Gallery : MoxDemo::WidgetGallery
+{
+    Gallery() { resize(1200, 1000); }
+};
+
+/** Expects minimum, maximum, step, and a value that can be set and is told as text. */
+void verifyValues(QWidget *widget, const QVariantList &expected)
+{
+    QAccessibleInterface *interface = interfaceOf(widget);
+    QAccessibleValueInterface *values = interface->valueInterface();
+    QVERIFY(values);
+    values->setCurrentValue(expected[3]);
+    const double told = values->currentValue().toDouble(); // also 0.30000000000000004
+    QVERIFY2(qAbs(told - expected[3].toDouble()) < 1e-9, qPrintable(values->currentValue().toString()));
+    QCOMPARE(QVariantList({values->minimumValue(), values->maximumValue(), values->minimumStepSize()}),
+             expected.mid(0, 3));
+    QCOMPARE(interface->text(QAccessible::Value), expected[3].toString());
+    QCOMPARE(interface->role(), qobject_cast<QSlider *>(widget) ? QAccessible::Slider : QAccessible::SpinBox);
+}
+
 } // namespace
 
 class TestAccessibility : public QObject
@@ -118,146 +140,115 @@ class TestAccessibility : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase() { m_windows = std::make_unique<EveryWindow>(); }
+    void initTestCase()
+    {
+        m_windows = std::make_unique<EveryWindow>();
+        m_kinds = m_windows->kinds();
+        m_kinds.push_back({"widget gallery", nullptr, nullptr, EveryWindow::on<Gallery>()});
+    }
     void cleanupTestCase() { m_windows.reset(); }
-    void window_data();
-    void window();
-    void filterOptions();
-    void values_data();
-    void values();
-    void controlNames();
+
+    void window_data()
+    {
+        columns<int>("kind");
+        for (std::size_t i = 0; i < m_kinds.size(); ++i)
+            row(m_kinds[i].name, int(i));
+    }
+
+    void window()
+    {
+        QFETCH(int, kind);
+        QList<QAccessible::Id> known;
+        m_kinds[std::size_t(kind)].open([&known](QWidget &window) {
+            QVERIFY(!window.windowTitle().isEmpty());
+            if (dynamic_cast<Gallery *>(&window)) // begins with its first
+                QVERIFY(qobject_cast<QtMoxSpinBoxVal64 *>(QApplication::focusWidget()));
+            verifyNames(window);
+            verifyTabs(window);
+            const auto widgets = window.findChildren<QWidget *>();
+            for (QWidget *widget : widgets)
+                known << QAccessible::uniqueId(interfaceOf(widget));
+        });
+        // What is told of a widget ends with the widget, however often its signals have been cut.
+        for (const QAccessible::Id id : qAsConst(known))
+            QVERIFY(!QAccessible::accessibleInterface(id));
+    }
+
+    void filterOptions()
+    {
+        QTest::ignoreMessage(QtWarningMsg, "This plugin does not support raise()");
+        QTest::ignoreMessage(QtWarningMsg, "This plugin does not support grabbing the keyboard");
+        MoxGui::MoxGenParamTreeView tree(nullptr);
+        tree.show();
+        tree.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&tree));
+        auto *field = tree.findChild<QLineEdit *>(QStringLiteral("filterLineEdit"));
+        QVERIFY(interfaceOf(field)->text(QAccessible::Description).contains(QLatin1String("Alt+Down")));
+        field->setFocus();
+        QTest::keyClick(field, Qt::Key_Down, Qt::AltModifier);
+        auto *options = tree.findChild<QWidget *>(QStringLiteral("FilterOptions"));
+        QCOMPARE(QApplication::activePopupWidget(), options);
+        for (const char *name : {"checkBoxCase", "checkBoxWhole"}) {
+            auto *box = options->findChild<QCheckBox *>(QLatin1String(name));
+            QCOMPARE(options->focusWidget(), box);
+            QTest::keyClick(box, Qt::Key_Space);
+            QVERIFY(box->isChecked());
+            QTest::keyClick(box, Qt::Key_Tab);
+        }
+        QTest::keyClick(options, Qt::Key_Escape);
+        QVERIFY(!options->isVisible());
+        QCOMPARE(QApplication::focusWidget(), field);
+    }
+
+    void values()
+    {
+        const struct
+        {
+            QtMoxSlider::ScaleType scale;
+            int minimum, maximum, step, value;
+        } rows[] = {{QtMoxSlider::LinearScale, -5, 20, 5, 10},
+                    // Positions of these are logarithms and roots.
+                    {QtMoxSlider::Log10Scale, 0, 100000, 1, 100000},
+                    {QtMoxSlider::SqrtScale, 0, 10000, 1, 2500}};
+        for (const auto &row : rows) {
+            QtMoxSlider slider(nullptr);
+            slider.setSingleStep(row.step);
+            slider.setScaleType(row.scale);
+            slider.setRange(row.minimum, row.maximum);
+            verifyValues(slider.findChild<QSlider *>(), {row.minimum, row.maximum, row.step, row.value});
+        }
+        QtMoxDoubleSlider slider(nullptr);
+        slider.setSingleStep(0.1);
+        slider.setRange(0.0, 2.0);
+        verifyValues(slider.findChild<QSlider *>(), {0.0, 2.0, 0.1, 0.3}); // counted in ticks
+        QtMoxSpinBoxVal64 box;
+        verifyValues(&box, {0LL, 99LL, QVariant(), 42LL}); // Qt tells no step of any spin box
+        QSlider plain; // one that stands by itself is Qt's own
+        verifyValues(&plain, {0, 99, 1, 7});
+    }
+
+    void controlNames()
+    {
+        // The left label names the parts, until the control has a name of its own.
+        QtMoxSpinBox control;
+        control.setLeftLabelText(QStringLiteral("Width:"));
+        QCOMPARE(nameOf(control.findChild<QSlider *>()), QStringLiteral("Width:"));
+        control.setAccessibleName(QStringLiteral("Width of the frame"));
+        control.setLeftLabelText(QStringLiteral("W:"));
+        const auto widgets = control.findChildren<QWidget *>();
+        int named = 0;
+        for (QWidget *widget : widgets) {
+            if (takesFocus(widget) && ++named)
+                QCOMPARE(nameOf(widget), QStringLiteral("Width of the frame"));
+        }
+        QCOMPARE(named, 3);
+        QCOMPARE(interfaceOf(control.toolButton())->text(QAccessible::Description), QStringLiteral("Opens a slider"));
+    }
 
 private:
     std::unique_ptr<EveryWindow> m_windows;
+    std::vector<WindowKind> m_kinds;
 };
-
-void TestAccessibility::window_data()
-{
-    columns<int>("kind");
-    int kind = 0;
-    for (const WindowKind &window : m_windows->kinds())
-        row(window.name, kind++);
-}
-
-void TestAccessibility::window()
-{
-    QFETCH(int, kind);
-    QList<QAccessible::Id> known;
-    m_windows->kinds()[std::size_t(kind)].open([&known](QWidget &window) {
-        QVERIFY(!window.windowTitle().isEmpty());
-        verifyNames(window);
-        verifyTabs(window);
-        const auto widgets = window.findChildren<QWidget *>();
-        for (QWidget *widget : widgets)
-            known << QAccessible::uniqueId(interfaceOf(widget));
-    });
-    // What is told of a widget ends with the widget, however often its signals have been cut.
-    for (const QAccessible::Id id : qAsConst(known))
-        QVERIFY(!QAccessible::accessibleInterface(id));
-}
-
-void TestAccessibility::filterOptions()
-{
-    QTest::ignoreMessage(QtWarningMsg, "This plugin does not support raise()");
-    QTest::ignoreMessage(QtWarningMsg, "This plugin does not support grabbing the keyboard");
-    MoxGui::MoxGenParamTreeView tree(nullptr);
-    tree.show();
-    tree.activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(&tree));
-    auto *field = tree.findChild<QLineEdit *>(QStringLiteral("filterLineEdit"));
-    QVERIFY(interfaceOf(field)->text(QAccessible::Description).contains(QLatin1String("Alt+Down")));
-    field->setFocus();
-    QTest::keyClick(field, Qt::Key_Down, Qt::AltModifier);
-    auto *options = tree.findChild<QWidget *>(QStringLiteral("FilterOptions"));
-    QCOMPARE(QApplication::activePopupWidget(), options);
-    for (const char *name : {"checkBoxCase", "checkBoxWhole"}) {
-        auto *box = options->findChild<QCheckBox *>(QLatin1String(name));
-        QCOMPARE(options->focusWidget(), box);
-        QTest::keyClick(box, Qt::Key_Space);
-        QVERIFY(box->isChecked());
-        QTest::keyClick(box, Qt::Key_Tab);
-    }
-    QTest::keyClick(options, Qt::Key_Escape);
-    QVERIFY(!options->isVisible());
-    QCOMPARE(QApplication::focusWidget(), field);
-}
-
-using Make = std::function<QWidget *()>;
-Q_DECLARE_METATYPE(Make)
-
-template<class Slider, class Number> Make slider(Number min, Number max, Number step, int scale = 0)
-{
-    return [=]() -> QWidget * {
-        auto *made = new Slider(nullptr); // the test's
-        made->setSingleStep(step);
-        if constexpr (std::is_same_v<Slider, QtMoxSlider>)
-            made->setScaleType(QtMoxSlider::ScaleType(scale));
-        made->setRange(min, max);
-        return made;
-    };
-}
-
-void TestAccessibility::values_data()
-{
-    columns<Make, QVariant, QVariant, QVariant, QVariant, QString>("make", "minimum", "maximum", "step", "value",
-                                                                   "text");
-    const auto add = [](const char *name, const Make &make, const QVariant &min, const QVariant &max,
-                        const QVariant &step,
-                        const QVariant &value) { row(name, make, min, max, step, value, value.toString()); };
-    add("linear", slider<QtMoxSlider>(-5, 20, 5), -5, 20, 5, 10);
-    // Positions of these are logarithms and roots.
-    add("logarithmic", slider<QtMoxSlider>(0, 100000, 1, QtMoxSlider::Log10Scale), 0, 100000, 1, 100000);
-    add("square root", slider<QtMoxSlider>(0, 10000, 1, QtMoxSlider::SqrtScale), 0, 10000, 1, 2500);
-    // Counted in ticks; the third is 0.30000000000000004.
-    add("double", slider<QtMoxDoubleSlider>(0.0, 2.0, 0.1), 0.0, 2.0, 0.1, 0.3);
-    const Make spinBox = [] { return new QtMoxSpinBoxVal64; };
-    add("integer box", spinBox, 0LL, 99LL, QVariant(), 42LL); // Qt tells no step of any spin box
-}
-
-void TestAccessibility::values()
-{
-    QFETCH(Make, make);
-    QFETCH(QVariant, value);
-    const std::unique_ptr<QWidget> widget(make());
-    auto *inner = widget->findChild<QSlider *>();
-    QAccessibleInterface *interface = interfaceOf(inner ? inner : widget.get());
-    QAccessibleValueInterface *values = interface->valueInterface();
-    QVERIFY(values);
-    QTEST(values->minimumValue(), "minimum");
-    QTEST(values->maximumValue(), "maximum");
-    QTEST(values->minimumStepSize(), "step");
-    values->setCurrentValue(value);
-    if (value.type() == QVariant::Double)
-        QVERIFY(qAbs(values->currentValue().toDouble() - value.toDouble()) < 1e-9);
-    else
-        QCOMPARE(values->currentValue(), value);
-    QTEST(interface->text(QAccessible::Value), "text");
-    QCOMPARE(interface->role(), inner ? QAccessible::Slider : QAccessible::SpinBox);
-}
-
-void TestAccessibility::controlNames()
-{
-    // The left label names the parts, until the control has a name of its own.
-    QtMoxSpinBox control;
-    control.setLeftLabelText(QStringLiteral("Width:"));
-    auto *inner = control.findChild<QSlider *>();
-    QCOMPARE(nameOf(inner), QStringLiteral("Width:"));
-    control.setAccessibleName(QStringLiteral("Width of the frame"));
-    control.setLeftLabelText(QStringLiteral("W:"));
-    const auto widgets = control.findChildren<QWidget *>();
-    int named = 0;
-    for (QWidget *widget : widgets) {
-        if (takesFocus(widget) && ++named)
-            QCOMPARE(nameOf(widget), QStringLiteral("Width of the frame"));
-    }
-    QCOMPARE(named, 3);
-    QCOMPARE(interfaceOf(control.toolButton())->text(QAccessible::Description), QStringLiteral("Opens a slider"));
-
-    // A slider that stands by itself is Qt's own.
-    QSlider plain;
-    plain.setValue(7);
-    QCOMPARE(interfaceOf(&plain)->valueInterface()->currentValue(), QVariant(7));
-}
 
 MOX_TEST_MAIN(TestAccessibility)
 #include "tst_accessibility.moc"
