@@ -6,7 +6,6 @@
 
 #include <QApplication>
 #include <QDialogButtonBox>
-#include <QPointer>
 #include <QPushButton>
 #include <QTimer>
 #include <QTreeView>
@@ -16,44 +15,29 @@
 
 namespace {
 
-/** Chooses the first camera of the first interface; false when the window is no camera selector. */
-bool chooseCamera(QWidget *window)
+bool visited = false;
+
+/** On top of all others that are visible: chooses the first camera of the first interface where there are any. */
+void visit()
 {
+    QWidget *window = QApplication::activeModalWidget();
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    for (int i = 0; !window && i < windows.size(); ++i)
+        window = windows[i]->isVisible() ? windows[i] : nullptr;
+    if (!window)
+        return;
+    visited = true;
     auto *tree = window->findChild<QTreeView *>(QStringLiteral("cameraTreeView"));
     auto *buttons = window->findChild<QDialogButtonBox *>();
-    if (!tree || !buttons)
-        return false;
+    if (!tree || !buttons) {
+        window->close();
+        return;
+    }
     const QAbstractItemModel *model = tree->model();
     tree->setCurrentIndex(model->index(0, 0, model->index(0, 0)));
     if (!buttons->button(QDialogButtonBox::Ok)->isEnabled())
         qWarning("The first simulated camera cannot be chosen");
     buttons->button(QDialogButtonBox::Ok)->click();
-    return true;
-}
-
-/** The window on top of all others that are visible; null without any. */
-QWidget *topWindow()
-{
-    if (QWidget *modal = QApplication::activeModalWidget())
-        return modal;
-    const QWidgetList windows = QApplication::topLevelWidgets();
-    for (QWidget *window : windows) {
-        if (window->isVisible())
-            return window;
-    }
-    return nullptr;
-}
-
-bool visited = false;
-
-void visit()
-{
-    QWidget *window = topWindow();
-    if (!window)
-        return;
-    visited = true;
-    if (!chooseCamera(window))
-        window->close();
 }
 
 void failOnWarnings(QtMsgType type, const QMessageLogContext &, const QString &message)
