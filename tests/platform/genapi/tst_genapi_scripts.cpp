@@ -3,6 +3,8 @@
 
 #include <datarow.h>
 
+#include <clocale>
+
 using namespace GenApi;
 using namespace MoxTest;
 
@@ -80,9 +82,44 @@ void accessRows()
     // What was found on the way round the circle is not kept: the order of the questions decides nothing.
     for (const char *script : {"D~NA; E~NA", "E~NA; D~NA"})
         row(script, "Integer D Value=0 pIsAvailable=E; Integer E Value=1 pIsAvailable=D", script);
+    // Values that go round in a circle.
+    for (const char *nodes :
+         {"Integer N pValue=N", "Integer N pValue=M; IntSwissKnife M pVariable.X=N Formula=X",
+          "Integer N pValue=R; IntReg R @0 pAddress=N", "Integer N pValue=E; Enumeration E Entry.A=0 pValue=N"})
+        row(nodes, nodes, "N== ! RuntimeException: Node '; N=0 ! Exception; N:=0 ! Exception; N*; reads==0; writes==0");
     row("the port comes and goes", "IntReg R @0; Integer I pValue=R; Integer V Value=1 pIsAvailable=R",
         "@0=01; I==1; port=NA; I~NA; Device~NA; V~NA; I== ! not readable; port=RO; I~RO; port=RW; I~RW; V~RW; "
         "reads==1");
+}
+
+/** Levels over the integer N0, each naming the one below, %2, to get its own name, %1. */
+QByteArray levels(const QByteArray &level, int count)
+{
+    QByteArray nodes = "IntReg N0 @0 Cachable=NoCache";
+    for (int i = 1; i <= count; ++i)
+        nodes += "; " + QByteArray(level).replace("%1", QByteArray::number(i)).replace("%2", QByteArray::number(i - 1));
+    return nodes;
+}
+
+// What is worked out again at every mention of the level below would never come to an end.
+void levelRows()
+{
+    row("a long chain", levels("Integer N%1 pValue=N%2", 20000), "N100==0; N20000== ! is too long; all*");
+    const auto sixty = [](const char *name, const char *level, const char *script) {
+        row(name, levels(level, 60), QByteArray("@0=01; ") + script);
+    };
+    sixty("values", "IntSwissKnife N%1 pVariable.X=N%2 pVariable.Y=N%2 Formula=X|Y",
+          "N60~RO; N60?=1; reads==1; N60=1 ! Node 'N60' is not writable.");
+    sixty("limits", "Converter N%1 FormulaTo=FROM FormulaFrom=TO pValue=N%2",
+          "N60~RW; N60?=1; N60[0..4.29497e+09]; reads==1; N60=1");
+    sixty("index and value", "Integer N%1 pIndex=N%2 pValueIndexed.0=N%2 pValueDefault=N%2",
+          "N60~RW; N60?=1; reads==6; N60=1");
+    sixty("commands", "Command N%1 ImposedAccessMode=RW pValue=N%2 pCommandValue=N%2",
+          "N60~RW; N60?=false; reads==1; N60=1");
+    sixty("circles", "Integer N%1 Value=1 pIsAvailable=N%2 pIsLocked=N%2 pIsImplemented=N60",
+          "N60~RO; N60?=1; reads==2; N60=1 ! Node 'N60' is not writable.");
+    sixty("copies", "Integer N%1 pValue=N%2 pValueCopy=N%2",
+          "N60~RW; N60?=1; reads==1; N60=1 ! goes through too many nodes.");
 }
 
 /** An integer over a register: what the bytes mean, and both limits, there and back. */
@@ -111,8 +148,50 @@ void registerRows()
     registerRow("MaskedIntReg R Length=8 Sign=Signed LSB=0 MSB=63", "ffffffffffffffff", "-1", least, most);
 }
 
+/** The same formula over the integer X = 7 as N, and over reals as R. */
+void formulaRows()
+{
+    QByteArray names = "<pVariable Name='X'>V</pVariable><pVariable Name='X.Max'>V</pVariable><pVariable Name='X.Min'>V"
+                       "</pVariable><pVariable Name='X.Inc'>V</pVariable><Expression Name='S'>S</Expression>"
+                       "<Constant Name='T0'>1</Constant>";
+    for (int i = 1; i <= 60; ++i)
+        names += QStringLiteral("<Expression Name='T%1'>T%2+T%2</Expression>").arg(i).arg(i - 1).toLatin1();
+    const auto formula = [&](const char *text, const QByteArray &integer, const QByteArray &real) {
+        const QByteArray body = names + "<Formula><![CDATA[" + text + "]]></Formula>";
+        row(text,
+            "Integer V Value=7 Min=0 Max=100; <IntSwissKnife Name='N'>" + body
+                + "</IntSwissKnife>; <SwissKnife Name='R'>" + body + "</SwissKnife>",
+            "N==" + integer + "; R==" + real);
+    };
+    const auto fails = [&](const char *text, const QByteArray &why) {
+        const QByteArray error = " ! RuntimeException: The formula of node '";
+        formula(text, error + "N' " + why, error + "R' " + why);
+    };
+    formula("X / 2", "3", "3.5");
+    formula("-X % 4", "-3", "-3");
+    formula("2 ** 3 ** 2", "512", "512");
+    formula("(-9223372036854775807 - 1) % -1", "0", "0");
+    formula("(X = 7) ? 1 : 1 / 0", "1", "1");
+    formula("0xFFFFFFFFFFFFFFFF & X", "7", "7");
+    formula("9223372036854775807 - X", "9223372036854775800", "9223372036854775808");
+    formula("~X | 1 << 4 ^ 1", "-7", "-7");
+    formula("X.Max - X.Min + X.Inc", "101", "101");
+    formula("ABS(NEG(X)) + SGN(-3) + TRUNC(2.9)", "8", "8");
+    formula("ROUND(X / 3, 2) + SQRT(4)", "4", "4.33");
+    formula("T60", "1152921504606846976", "1152921504606846976");
+    fails("1 / (X - 7)", "divides by zero.");
+    fails("Y", "uses 'Y', which is none of its variables.");
+    fails("(X", "cannot be understood: ')' is missing at character 3 of '(X'.");
+    fails("S", "cannot be understood: an expression contains itself at character 2 of 'S'.");
+}
+
 void valueRows()
 {
+    // What cannot be a number fails as one; writes of others over it go through.
+    for (const char *node : {"FloatReg N @0 Length=16", "IntReg N @0 Length=9", "MaskedIntReg N @0 LSB=40 MSB=41",
+                             "MaskedIntReg N @0 LSB=0x8000000000000000 MSB=0x7fffffffffffffff Endianess=BigEndian"})
+        row(node, node + QByteArray("; IntReg R @0"),
+            "N== ! RuntimeException: Node 'N'; N:=1 ! RuntimeException: Node 'N'; R=7; @0==07");
     row("masked registers keep their neighbours",
         "MaskedIntReg Low @0 LSB=0 MSB=7; MaskedIntReg High @0 LSB=8 MSB=15; IntReg All @0 Representation=HexNumber",
         "@0=11223344; Low==17; High==34; All==0x44332211; Low=170; High=187; @0==aabb3344; Low==170; All==0x4433BBAA; "
@@ -232,26 +311,27 @@ class TestGenApiScripts : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void scripts_data();
-    void scripts();
+    // The decimal comma of a German user must not reach texts or formulas.
+    void initTestCase() { std::setlocale(LC_NUMERIC, "de_DE.UTF-8"); }
+
+    void scripts_data()
+    {
+        columns<QByteArray, QByteArray>("nodes", "script");
+        accessRows();
+        levelRows();
+        registerRows();
+        formulaRows();
+        valueRows();
+        changeRows();
+    }
+    void scripts()
+    {
+        QFETCH(QByteArray, nodes);
+        QFETCH(QByteArray, script);
+        Camera camera(nodes);
+        QCOMPARE(camera.run(script), QString());
+    }
 };
-
-void TestGenApiScripts::scripts_data()
-{
-    columns<QByteArray, QByteArray>("nodes", "script");
-    accessRows();
-    registerRows();
-    valueRows();
-    changeRows();
-}
-
-void TestGenApiScripts::scripts()
-{
-    QFETCH(QByteArray, nodes);
-    QFETCH(QByteArray, script);
-    Camera camera(nodes);
-    QCOMPARE(camera.run(script), QString());
-}
 
 QTEST_APPLESS_MAIN(TestGenApiScripts)
 #include "tst_genapi_scripts.moc"

@@ -6,6 +6,7 @@
 #include "../../../platform/network/gvcp.h"
 
 #include <algorithm>
+#include <atomic>
 #include <functional>
 #include <mutex>
 #include <netinet/in.h>
@@ -63,34 +64,38 @@ inline Packet facts(std::uint64_t mac, std::uint32_t ip, const std::string &seri
     return payload;
 }
 
+/** A socket at that address and at a port of the system's choice, which it gives. */
+inline int boundSocket(std::uint32_t ip, std::uint16_t &port)
+{
+    const int descriptor = ::socket(AF_INET, SOCK_DGRAM, 0);
+    sockaddr_in address{AF_INET, 0, {htonl(ip)}, {}};
+    socklen_t length = sizeof address;
+    ::bind(descriptor, reinterpret_cast<sockaddr *>(&address), length);
+    ::getsockname(descriptor, reinterpret_cast<sockaddr *>(&address), &length);
+    port = ntohs(address.sin_port);
+    return descriptor;
+}
+
+struct Command
+{
+    std::uint16_t code = 0;
+    std::uint16_t id = 0;
+    std::uint32_t address = 0;
+    std::size_t length = 0; ///< of a memory access
+    Packet packet;
+};
+using Packets = std::vector<Packet>;
+
 /** Answers from 64 KiB of memory on a thread of its own, unless a test puts itself in between. */
 class GvcpResponder
 {
 public:
-    struct Command
-    {
-        std::uint16_t code = 0;
-        std::uint16_t id = 0;
-        std::uint32_t address = 0;
-        std::size_t length = 0; ///< of a memory access
-        Packet packet;
-    };
-    using Packets = std::vector<Packet>;
     /** Runs on the responder's thread; no value leaves the answer to the responder. */
     using Intercept = std::function<std::optional<Packets>(const Command &)>;
 
-    /** Listens on any address and on a port of the system's choice, unless they are named. */
-    explicit GvcpResponder(Intercept intercept = {}, std::uint32_t ip = INADDR_ANY, std::uint16_t givenPort = 0)
-        : m_intercept(std::move(intercept))
+    explicit GvcpResponder(Intercept intercept = {}, std::uint32_t listensAt = INADDR_ANY)
+        : m_intercept(std::move(intercept)), m_descriptor(boundSocket(listensAt, port))
     {
-        sockaddr_in address{};
-        address.sin_family = AF_INET;
-        address.sin_addr.s_addr = htonl(ip);
-        address.sin_port = htons(givenPort);
-        socklen_t length = sizeof address;
-        ::bind(m_descriptor, reinterpret_cast<sockaddr *>(&address), length);
-        ::getsockname(m_descriptor, reinterpret_cast<sockaddr *>(&address), &length);
-        port = ntohs(address.sin_port);
         setBytes(MoxSdk::Gvcp::HeartbeatTimeout + 2, "\x05\xdc"); // 1500 ms
         m_thread = std::thread([this] { run(); });
     }
@@ -102,12 +107,8 @@ public:
     }
 
     std::uint16_t port = 0;
+    std::atomic<std::uint32_t> ip{0x7f000001}; ///< that it tells
 
-    void setIp(std::uint32_t address)
-    {
-        const std::lock_guard<std::mutex> lock(m_mutex);
-        m_ip = address;
-    }
     std::string bytes(std::uint32_t address, std::size_t length)
     {
         const std::lock_guard<std::mutex> lock(m_mutex);
@@ -118,6 +119,7 @@ public:
         const std::lock_guard<std::mutex> lock(m_mutex);
         m_memory.replace(address, bytes.size(), bytes);
     }
+    void setPrivilege(char privilege) { setBytes(MoxSdk::Gvcp::ControlChannelPrivilege + 3, {privilege}); }
     /** What came in since the last call. */
     std::vector<Command> takeCommands()
     {
@@ -138,12 +140,8 @@ private:
                 return;
             packet.resize(std::size_t(length));
             const Command command = parsed(packet);
-            std::optional<Packets> answers;
-            if (m_intercept)
-                answers = m_intercept(command);
-            if (!answers)
-                answers = answer(command);
-            for (const Packet &sent : *answers)
+            const auto special = m_intercept ? m_intercept(command) : std::nullopt;
+            for (const Packet &sent : special ? *special : answer(command))
                 ::sendto(m_descriptor, sent.data(), sent.size(), 0, peerAddress, peerLength);
         }
     }
@@ -168,26 +166,25 @@ private:
         const auto place = m_memory.begin() + command.address;
         Packet payload(4);
         if (command.code == ForceIp) {
-            const Packet meant(packet.begin() + 10, packet.begin() + 16);
-            if (meant != Packet{0x00, 0x1a, 0x2b, 0x3c, 0x4d, 0x5e})
+            if (Packet(packet.begin() + 10, packet.begin() + 16) != Packet{0x00, 0x1a, 0x2b, 0x3c, 0x4d, 0x5e})
                 return {};
-            m_ip = MoxSdk::Gvcp::loadWord(&packet[28]);
+            ip = MoxSdk::Gvcp::loadWord(&packet[28]);
             payload.clear();
-        } else if (command.code == Discovery)
-            payload = facts(0x001a2b3c4d5e, m_ip, "S1");
-        else if (command.code == ReadRegister)
+        } else if (command.code == Discovery) {
+            payload = facts(0x001a2b3c4d5e, ip, "S1");
+        } else if (command.code == ReadRegister) {
             payload.assign(place, place + 4);
-        else if (command.code == ReadMemory)
+        } else if (command.code == ReadMemory) {
             payload.insert(payload.end(), place, place + std::ptrdiff_t(command.length));
-        else // both ways of writing
+        } else { // both ways of writing
             std::copy(packet.begin() + 12, packet.end(), place);
+        }
         return {acknowledge(std::uint16_t(command.code + 1), command.id, payload)};
     }
 
     const Intercept m_intercept;
-    const int m_descriptor = ::socket(AF_INET, SOCK_DGRAM, 0);
+    const int m_descriptor;
     std::mutex m_mutex;
-    std::uint32_t m_ip = 0x7f000001;
     std::string m_memory = std::string(0x10000, '\0');
     std::vector<Command> m_commands;
     std::thread m_thread;

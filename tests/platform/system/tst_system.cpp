@@ -1,10 +1,9 @@
-// The one system of the process, over backends made for the test.
+// The one system of the process: its worlds, its users, and the cameras that it opens.
 #include "device/deviceinfo.h"
 #include "fakelink.h"
 #include "network/networkbackend.h"
 #include "simulated/simulatedbackend.h"
 
-#include <datarow.h>
 #include <livecamera.h>
 #include <testmain.h>
 
@@ -28,7 +27,7 @@ protected:
     std::vector<MoxSdk::DeviceRecord> discover(std::chrono::milliseconds) override
     {
         MoxSdk::DeviceRecord record;
-        record.id = std::string(GetID()) + "-camera";
+        record.id = "camera";
         return {record};
     }
 };
@@ -97,118 +96,71 @@ class TestSystem : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void cleanup();
-    void interfaceLists_data();
-    void interfaceLists();
-    void countedUsers();
-    void aBackendThatCannotStart();
-    void openedCameras();
-    void camerasThatCannotBeOpened();
-};
+    void interfaceLists()
+    {
+        QCOMPARE(MoxSim::worlds(), unsigned(MoxSim::RealWorld));
+        SystemPtr system(MoxCam_GetSystem());
+        // A backend is made when it is first wanted, and one that cannot start is tried again.
+        QCOMPARE(backendsMade, 0);
+        MoxSim::setWorlds(0);
+        QCOMPARE(ids(system), "");
+        QCOMPARE(backendsMade, 0);
+        MoxSim::setWorlds(3);
+        networkFails = true;
+        QCOMPARE(ids(system), "s2 s1 s0");
+        networkFails = false;
+        for (const auto &[mask, expected] : {std::pair(255U, "r2 r1 r0 s2 s1 s0"), std::pair(4U, "r2 s2"),
+                                             std::pair(3U, "r1 r0 s1 s0"), std::pair(0xF8U, "")})
+            QCOMPARE(ids(system, mask), QByteArray(expected));
+        QCOMPARE(backendsMade, 2);
+        MoxSim::setWorlds(MoxSim::RealWorld);
+        QCOMPARE(ids(system), "r2 r1 r0");
+    }
 
-void TestSystem::cleanup()
-{
-    QCOMPARE(backendsAlive, 0);
-    backendsMade = 0;
-    MoxSim::setWorlds(MoxSim::RealWorld);
-}
+    void countedUsers()
+    {
+        SystemPtr first(MoxCam_GetSystem());
+        SystemPtr second(MoxCam_GetSystem());
+        QCOMPARE(first.get(), second.get());
+        MoxCam::DeviceInfo *info = firstCamera(first);
+        // A world that is not shown now keeps its objects.
+        MoxSim::setWorlds(0);
+        first.reset();
+        QCOMPARE(ids(second), "");
+        QCOMPARE(info->GetID(), "camera");
+        MoxSim::setWorlds(MoxSim::RealWorld);
+        QCOMPARE(firstCamera(second), info);
+        second.reset();
+        QCOMPARE(backendsAlive, 0);
+        QCOMPARE(ids(SystemPtr(MoxCam_GetSystem())), "r2 r1 r0");
+    }
 
-void TestSystem::interfaceLists_data()
-{
-    columns<unsigned, unsigned, int, QByteArray>("worlds", "mask", "backends", "expected");
-    row("no world", 0U, 255U, 0, "");
-    row("simulated", 2U, 255U, 1, "s2 s1 s0");
-    row("both", 3U, 255U, 2, "r2 r1 r0 s2 s1 s0");
-    row("GigE Vision", 3U, 4U, 2, "r2 s2");
-    row("two types", 3U, 3U, 2, "r1 r0 s1 s0");
-    row("others", 3U, 0xF8U, 2, "");
-}
-
-void TestSystem::interfaceLists()
-{
-    QFETCH(unsigned, worlds);
-    QFETCH(unsigned, mask);
-    QCOMPARE(MoxSim::worlds(), unsigned(MoxSim::RealWorld));
-    MoxSim::setWorlds(worlds);
-    const SystemPtr system(MoxCam_GetSystem());
-    QCOMPARE(backendsMade, 0);
-    QTEST(ids(system, mask), "expected");
-    QTEST(ids(system, mask), "expected");
-    QTEST(backendsMade, "backends");
-}
-
-void TestSystem::countedUsers()
-{
-    SystemPtr first(MoxCam_GetSystem());
-    SystemPtr second(MoxCam_GetSystem());
-    QCOMPARE(first.get(), second.get());
-    MoxCam::DeviceInfo *info = firstCamera(first);
-    QCOMPARE(firstCamera(second), info);
-    // A world that is not shown now keeps its objects.
-    MoxSim::setWorlds(0);
-    first.reset();
-    QCOMPARE(ids(second), "");
-    QCOMPARE(info->GetID(), "r2-camera");
-    second.reset();
-    QCOMPARE(backendsAlive, 0);
-    MoxSim::setWorlds(1);
-    QCOMPARE(ids(SystemPtr(MoxCam_GetSystem())), "r2 r1 r0");
-    QCOMPARE(backendsMade, 2);
-}
-
-void TestSystem::aBackendThatCannotStart()
-{
-    MoxSim::setWorlds(3);
-    networkFails = true;
-    const SystemPtr system(MoxCam_GetSystem());
-    QCOMPARE(ids(system), "s2 s1 s0");
-    networkFails = false;
-    QCOMPARE(ids(system), "r2 r1 r0 s2 s1 s0");
-}
-
-void TestSystem::openedCameras()
-{
-    SystemPtr system(MoxCam_GetSystem());
-    MoxCam::DeviceInfo *info = firstCamera(system);
-    FakeCamera camera;
-    openFakeLink = [&] { return std::make_unique<FakeLink>(camera); };
-    SdkPointer<MoxCam::Device> device(MoxCam_CreateDevice(info, 2, 0));
-    QVERIFY(device);
-    // An opened camera needs its system no longer.
-    system.reset();
-    QCOMPARE(device->GetCameraParameters(nullptr)->GetIntegerValue("Width", nullptr), 64);
-    device.reset();
-    QCOMPARE(camera.links.load(), 0);
-}
-
-void TestSystem::camerasThatCannotBeOpened()
-{
-    SystemPtr system(MoxCam_GetSystem());
-    MoxCam::DeviceInfo *info = firstCamera(system);
-    FakeCamera broken;
-    broken.description = "<";
-    int asked = 0;
-    openFakeLink = [&]() -> std::unique_ptr<MoxSdk::Link> {
-        switch (asked++) {
-        case 0:
-            throw ACCESS_EXCEPTION("Another host controls the camera");
-        case 1:
-            return nullptr;
-        default:
-            return std::make_unique<FakeLink>(broken);
+    void openedCameras()
+    {
+        SystemPtr system(MoxCam_GetSystem());
+        MoxCam::DeviceInfo *info = firstCamera(system);
+        FakeCamera camera;
+        openFakeLink = [&] { return std::make_unique<FakeLink>(camera); };
+        SdkPointer<MoxCam::Device> device(MoxCam_CreateDevice(info, 2, 0));
+        QVERIFY(device);
+        camera.description = "<";
+        const std::function<std::unique_ptr<MoxSdk::Link>()> failing[] = {
+            openFakeLink, [] { return nullptr; },
+            []() -> std::unique_ptr<MoxSdk::Link> { throw ACCESS_EXCEPTION("Another host controls the camera"); }};
+        for (const auto &open : failing) {
+            openFakeLink = open;
+            QVERIFY(!MoxCam_CreateDevice(info, 2, 0));
         }
-    };
-    for (int attempt = 0; attempt < 3; ++attempt)
+        QCOMPARE(camera.links.load(), 1);
+        QVERIFY(!MoxCam_CreateDevice(nullptr, 2, 0));
+        // An opened camera needs its system no longer; an info that nobody has any more is not touched.
+        system.reset();
         QVERIFY(!MoxCam_CreateDevice(info, 2, 0));
-    QCOMPARE(broken.links.load(), 0);
-    QCOMPARE(asked, 3);
-
-    // Infos that nobody has, or nobody has any more, are not touched.
-    QVERIFY(!MoxCam_CreateDevice(nullptr, 2, 0));
-    system.reset();
-    QVERIFY(!MoxCam_CreateDevice(info, 2, 0));
-    QCOMPARE(asked, 3);
-}
+        QCOMPARE(device->GetCameraParameters(nullptr)->GetIntegerValue("Width", nullptr), 64);
+        device.reset();
+        QCOMPARE(camera.links.load(), 0);
+    }
+};
 
 MOX_TEST_MAIN(TestSystem)
 #include "tst_system.moc"
