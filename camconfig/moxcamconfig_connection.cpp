@@ -120,7 +120,8 @@ void MoxCamConfigPrivate::tick()
     case DeviceDisconnected:
         // The device stays, for the day when it is plugged in again.
         forgetParams();
-        setDialogDevice(nullptr);
+        if (!setDialogDevice(nullptr))
+            return;
         adjustAbout();
         updateStatus();
         return;

@@ -10,7 +10,6 @@
 #include <QMutex>
 #include <QVector>
 
-#include <array>
 #include <memory>
 
 class Ui_MoxCamConfigFrameABDialog;

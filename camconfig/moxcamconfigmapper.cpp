@@ -196,10 +196,10 @@ bool MoxCamConfigMapper::mapEnumParam(MoxGenParam::Enum *param, QButtonGroup *gr
         QAbstractButton *button = buttons.at(i);
         MoxGenParam::EnumEntry *entry = quint64(i) < count ? param->GetEnumEntryByIndex(quint64(i), nullptr) : nullptr;
         button->setVisible(entry != nullptr);
-        if (entry) {
+        if (entry)
             button->setText(QString::fromUtf8(entry->GetValueStr(nullptr)));
-            group->setId(button, int(entry->GetValue(nullptr)));
-        }
+        // A hidden one must not keep a value of the camera before: negative as the ids that a group gives by itself.
+        group->setId(button, entry ? int(entry->GetValue(nullptr)) : -2 - i);
     }
     store(param, records);
     updateRadioButtons(param, group);

@@ -27,9 +27,9 @@ struct BoundCamera : FakeDevice
     {
         for (const auto &[param, controls] : bindings) {
             if (child<QComboBox>(dialog, controls.first()))
-                features << &setEntries(param, {QStringLiteral("A"), QStringLiteral("B"), QStringLiteral("C")});
+                features << &setEntries(param, words("A B C"));
             else if (child<QRadioButton>(dialog, controls.first()))
-                features << &setEntries(param, {QStringLiteral("A"), QStringLiteral("B")});
+                features << &setEntries(param, words("A B"));
             else if (child<QAbstractButton>(dialog, controls.first()))
                 features << &feature<FakeBoolean>(param);
             else
@@ -58,10 +58,10 @@ inline int valueOf(const QWidget *control)
 }
 
 /** @p sinks listen to a camera in the end. */
-template<class Dialog> void checkBindings(const Bindings &bindings, int sinks)
+template<class Dialog, class Camera = BoundCamera> void checkBindings(const Bindings &bindings, int sinks)
 {
     Dialog dialog(nullptr);
-    BoundCamera camera(dialog, bindings), other(dialog, bindings), mute(dialog, bindings), failing(dialog, bindings);
+    Camera camera(dialog, bindings), other(dialog, bindings), mute(dialog, bindings), failing(dialog, bindings);
     mute.givesParameters = false;
     failing.parametersError = MoxCamError::GenTLIo;
     QByteArrayList all;
@@ -75,8 +75,8 @@ template<class Dialog> void checkBindings(const Bindings &bindings, int sinks)
     };
     dialog.show();
     QCOMPARE(dialog.minimumSize(), dialog.maximumSize());
-    BoundCamera *const none = nullptr;
-    for (BoundCamera *device : {&camera, &camera, none, &camera, &other, &mute, &camera, &failing, &camera}) {
+    Camera *const none = nullptr;
+    for (Camera *device : {&camera, &camera, none, &camera, &other, &mute, &camera, &failing, &camera}) {
         const bool bound = device == &camera || device == &other;
         QCOMPARE(dialog.SetDevice(device), bound);
         QCOMPARE(dialog.isEnabled(), bound);
@@ -103,11 +103,24 @@ template<class Dialog> void checkBindings(const Bindings &bindings, int sinks)
         feature.refusal = MoxCamError::Success;
         feature.tell();
         QCOMPARE(valueOf(control), 0);
+        feature.writes.clear();
+        feature.writable = false;
+        setValue(control, top); // the control has not been told yet
+        feature.tell();
+        QVERIFY(valueOf(control) == 0 && disabled() == controls);
+        feature.writable = true;
+        feature.readable = false;
+        feature.change(top);
+        QVERIFY(valueOf(control) == 0 && disabled().isEmpty());
+        QCOMPARE(feature.writes, Writes{});
+        feature.readable = true;
+        feature.change(0);
 
         for (const bool available : {false, true}) {
             feature.available = available;
-            feature.tell();
+            feature.change(available ? 0 : top);
             QCOMPARE(disabled(), available ? QByteArrayList() : controls);
+            QCOMPARE(valueOf(control), 0);
         }
         camera.hidden = param;
         QVERIFY(dialog.SetDevice(&camera));
@@ -117,7 +130,9 @@ template<class Dialog> void checkBindings(const Bindings &bindings, int sinks)
         feature.writes.clear();
     }
 
-    // Unplugged in the middle of a drag.
+    // Unplugged in the middle of a drag. The pop-ups are sized when the dialog is shown, by labels that are laid out by now.
+    dialog.hide();
+    dialog.show();
     const auto boxes = dialog.template findChildren<QtMoxSpinBox *>();
     for (const QtMoxSpinBox *box : boxes) {
         const int labelWidth = box->leftLabel() ? box->leftLabel()->width() : 0;

@@ -33,6 +33,12 @@ template<class Widget> Widget *child(const QWidget &window, const char *name)
     return window.findChild<Widget *>(QString::fromLatin1(name));
 }
 
+/** The texts of a camera's entries. */
+inline QStringList words(const char *text)
+{
+    return QString::fromLatin1(text).split(QLatin1Char(' '));
+}
+
 inline void tick(const Window &window)
 {
     QMetaObject::invokeMethod(privateOf(window)->timer, "timeout");

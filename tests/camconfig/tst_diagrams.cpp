@@ -7,31 +7,26 @@ class TestDiagrams : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void isSharp_data()
+    /** As many pixels as the screen has, in the same room. */
+    void areSharp()
     {
-        QTest::addColumn<QString>("name");
+        QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+        const int scale = qRound(qApp->devicePixelRatio());
         for (const char *name : {"pulseimage", "strobeBothExp", "strobe1Exp_strobe2Read", "strobe1Read_strobe2Exp",
-                                 "strobeBothRead", "wdr"})
-            QTest::newRow(name) << QString::fromLatin1(name);
+                                 "strobeBothRead", "wdr"}) {
+            const QString path = QStringLiteral(":/images/%1").arg(QLatin1String(name));
+            const QImage file(path + (scale == 1 ? QString() : QStringLiteral("@%1x").arg(scale))
+                              + QStringLiteral(".bmp"));
+            QVERIFY2(!file.isNull(), name);
+            const QPixmap shown = MoxGui::diagram(path + QStringLiteral(".bmp"));
+            QCOMPARE(shown.devicePixelRatio(), qreal(scale));
+            QCOMPARE(shown.size(), QImage(path + QStringLiteral(".bmp")).size() * scale);
+            QVERIFY2(shown.toImage().convertToFormat(QImage::Format_RGB32)
+                         == file.convertToFormat(QImage::Format_RGB32),
+                     name);
+        }
     }
-    void isSharp();
 };
-
-/** As many pixels as the screen has, in the same room. */
-void TestDiagrams::isSharp()
-{
-    QFETCH(QString, name);
-    QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
-    const QString path = QStringLiteral(":/images/%1.bmp").arg(name);
-    const int scale = qRound(qApp->devicePixelRatio());
-    const QImage file(scale == 1 ? path : QStringLiteral(":/images/%1@%2x.bmp").arg(name).arg(scale));
-    QVERIFY(!file.isNull());
-
-    const QPixmap shown = MoxGui::diagram(path);
-    QCOMPARE(shown.devicePixelRatio(), qreal(scale));
-    QCOMPARE(shown.size(), QImage(path).size() * scale);
-    QVERIFY(shown.toImage().convertToFormat(QImage::Format_RGB32) == file.convertToFormat(QImage::Format_RGB32));
-}
 
 MOX_TEST_MAIN(TestDiagrams)
 #include "tst_diagrams.moc"

@@ -22,43 +22,31 @@ template<auto member> struct ReachFrame
 FramePrivate *privateOf(const FrameDialog &dialog);
 template struct ReachFrame<&FrameDialog::d>;
 
-struct FrameBinding
-{
-    const char *param, *control;
-};
-
 // clang-format off
-const QVector<FrameBinding> plain{
-    {"NumberOfFrameAs", "spBoxNumberOfFrameAs"}, {"NumberOfFrameBs", "spBoxNumberOfFrameBs"},
-    {"Frame_LineTime", "spBoxDualVideo"}, {"Frame_ExposureLines", "spBoxExpLines"},
-    {"Frame_ExposureClocks", "spBoxExpClocks"}, {"Frame_FixedFramePeriodEnable", "chBoxFixedFramePeriodEnable"},
-    {"Frame_OffsetX", "spBoxFrameOffsetX"}, {"Frame_OffsetY", "spBoxFrameOffsetY"},
-    {"Frame_Width", "spBoxFrameWidth"}, {"Frame_Height", "spBoxFrameHeight"}, {"Frame_Averaging", "cmBoxAveraging"},
-    {"Frame_SubsamplingP", "cmBoxSubsamplingP"}, {"Frame_SubsamplingM", "cmBoxSubsamplingM"},
-    {"Frame_BlackLevel", "spBoxBlackLevel"}, {"Frame_WdrEnable", "chBoxWdrEnable"}, {"Frame_WdrP1", "cmBoxWdrP1"},
-    {"Frame_WdrP2", "cmBoxWdrP2"}, {"Frame_WdrP3", "cmBoxWdrP3"}, {"Frame_WdrE1", "spBoxWdrE1"},
-    {"Frame_WdrE2", "spBoxWdrE2"}, {"Frame_WdrE3", "spBoxWdrE3"}
+const Bindings bindings{
+    {"FrameMode", {"cmBoxFrameMode"}}, {"NumberOfFrameAs", {"spBoxNumberOfFrameAs"}},
+    {"NumberOfFrameBs", {"spBoxNumberOfFrameBs"}}, {"Frame_LineTime", {"spBoxDualVideo"}},
+    {"ShutterMode", {"radioBtnGlobalShutter"}}, {"SensorADCBitDepth", {"radioBtnAdcSelector12b"}},
+    {"Frame_ExposureControl", {"radioBtnExpTrigger"}}, {"Frame_ExposureLines", {"spBoxExpLines"}},
+    {"Frame_ExposureClocks", {"spBoxExpClocks"}}, {"Frame_FixedFramePeriodEnable", {"chBoxFixedFramePeriodEnable"}},
+    {"Frame_OffsetX", {"spBoxFrameOffsetX"}}, {"Frame_OffsetY", {"spBoxFrameOffsetY"}},
+    {"Frame_Width", {"spBoxFrameWidth"}}, {"Frame_Height", {"spBoxFrameHeight"}},
+    {"Frame_Averaging", {"cmBoxAveraging"}}, {"Frame_SubsamplingP", {"cmBoxSubsamplingP"}},
+    {"Frame_SubsamplingM", {"cmBoxSubsamplingM"}}, {"Frame_DecimationMode", {"radioBtnSubsampleSubsampling"}},
+    {"Frame_AnalogGain", {"radioBtnAGain2x"}}, {"Frame_BlackLevel", {"spBoxBlackLevel"}},
+    {"Frame_WdrEnable", {"chBoxWdrEnable"}}, {"Frame_WdrP1", {"cmBoxWdrP1"}}, {"Frame_WdrP2", {"cmBoxWdrP2"}},
+    {"Frame_WdrP3", {"cmBoxWdrP3"}}, {"Frame_WdrE1", {"spBoxWdrE1"}}, {"Frame_WdrE2", {"spBoxWdrE2"}},
+    {"Frame_WdrE3", {"spBoxWdrE3"}}
 };
 // clang-format on
 
 /** A camera that sends both frames in turn: 10 lines of 1000 clocks and 80 clocks, at 160 MHz. */
-struct FrameCamera : FakeDevice
+struct FrameCamera : BoundCamera
 {
-    FrameCamera()
+    FrameCamera() : BoundCamera(FrameDialog(nullptr), bindings)
     {
-        for (const FrameBinding &binding : plain) {
-            if (QByteArray(binding.control).startsWith("cmBox"))
-                features << &setEntries(binding.param, {QStringLiteral("A"), QStringLiteral("B"), QStringLiteral("C")});
-            else if (QByteArray(binding.control).startsWith("chBox"))
-                features << &feature<FakeBoolean>(binding.param);
-            else
-                features << &feature<FakeInt>(binding.param);
-        }
         setNumbers({{"PixelClock", 160}, {"Frame_WidthActual", 640}, {"Frame_HeightActual", 480}});
-        const QStringList choice{QStringLiteral("P"), QStringLiteral("Q")};
-        for (const char *name : {"ShutterMode", "SensorADCBitDepth", "Frame_ExposureControl", "Frame_DecimationMode",
-                                 "Frame_AnalogGain", "TriggerMode"})
-            setEntries(name, choice);
+        setEntries("TriggerMode", words("Off On"));
         mode.value = 2;
         lineTime.value = 1000;
         clocks.value = 80;
@@ -82,11 +70,9 @@ struct FrameCamera : FakeDevice
         static Unreadable unreadable;
         return name == brokenRead ? &unreadable : FakeDevice::GetInt(name, err);
     }
-    QVector<FakeFeature *> features; // of the plain bindings
     std::string brokenRead;
-    FakeEnum &selector = setEntries("FrameAB_Selector", {QStringLiteral("FrameA"), QStringLiteral("FrameB")});
-    FakeEnum &mode =
-        setEntries("FrameMode", {QStringLiteral("FrameA"), QStringLiteral("FrameB"), QStringLiteral("FrameAB")});
+    FakeEnum &selector = setEntries("FrameAB_Selector", words("FrameA FrameB"));
+    FakeEnum &mode = setEntries("FrameMode", words("FrameA FrameB FrameAB"));
     FakeInt &clock = feature<FakeInt>("PixelClock"), &lineTime = feature<FakeInt>("Frame_LineTime");
     FakeInt &lines = feature<FakeInt>("Frame_ExposureLines"), &clocks = feature<FakeInt>("Frame_ExposureClocks");
     FakeInt &period = feature<FakeInt>("Frame_FixedFramePeriodValue");
@@ -96,24 +82,6 @@ struct FrameCamera : FakeDevice
 struct FrameBench
 {
     explicit FrameBench(MoxCam::Device *device) : dialog(std::make_unique<FrameDialog>(device)) { dialog->show(); }
-    /** The names of the controls that are disabled, of those that a parameter stands behind. */
-    QByteArray disabled() const
-    {
-        QByteArrayList names;
-        for (const FrameBinding &binding : plain
-                 + QVector<FrameBinding>{{"", "spBoxExpTime"},
-                                         {"", "spBoxFixedFramePeriodValue"},
-                                         {"", "cmBoxFrameMode"},
-                                         {"", "radioBtnRollingShutter"},
-                                         {"", "radioBtnAdcSelector12b"},
-                                         {"", "radioBtnExpOff"},
-                                         {"", "radioBtnSubsampleOff"},
-                                         {"", "radioBtnAGain2x"}}) {
-            if (!child<QWidget>(*dialog, binding.control)->isEnabled())
-                names << binding.control;
-        }
-        return names.join(' ');
-    }
     std::unique_ptr<FrameDialog> dialog;
     QtMoxSliderSpinBox *const time = child<QtMoxSliderSpinBox>(*dialog, "spBoxExpTime");
     QtMoxSliderSpinBox *const period = child<QtMoxSliderSpinBox>(*dialog, "spBoxFixedFramePeriodValue");
@@ -129,371 +97,284 @@ class TestFrameABDialog : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void units_data();
-    void units();
-    void exposureTime();
-    void digitalGain();
-    void modesAndTabs();
-    void bindings();
-    void lacking();
-    void devices();
-    void boxes();
-    void liveCamera();
-};
-
-void TestFrameABDialog::units_data()
-{
-    columns<qint64, qint64, qint64, qint64, qint64>("lineTime", "clock", "value", "control", "device");
-    row("usual", 1000ll, 160ll, 100ll, 625ll, 16ll);
-    row("back", 1000ll, 160ll, 625ll, 3906ll, 100ll);
-    row("half goes up", 1ll, 2ll, 3ll, 2ll, 6ll);
-    row("negative is cut", 1000ll, 160ll, -100ll, -624ll, -15ll);
-    row("no line time", 0ll, 160ll, 100ll, 0ll, 0ll);
-    row("no clock", 1000ll, 0ll, 100ll, 0ll, 0ll);
-    row("unreadable clock", 1000ll, -1ll, 100ll, 625ll, 16ll); // 160 stands in
-    row("beyond 32 bits", 65535ll, 160ll, 4294967296ll, 1759191760896ll, 10485920ll);
-    row("wraps at 64 bits", 1ll << 62, 1ll, 4ll, 0ll, 0ll);
-}
-
-void TestFrameABDialog::units()
-{
-    QFETCH(qint64, lineTime);
-    QFETCH(qint64, clock);
-    QFETCH(qint64, value);
-    FrameCamera camera;
-    camera.brokenRead = clock < 0 ? "PixelClock" : "";
-    camera.clock.value = clock;
-    camera.lineTime.value = lineTime;
-    camera.lineTime.max = INT64_MAX;
-    const FrameBench bench(&camera);
-    QTEST(qint64(privateOf(*bench.dialog)->ToControl(value, nullptr)), "control");
-    QTEST(qint64(privateOf(*bench.dialog)->ToDevice(value, nullptr)), "device");
-    type(bench.time->spinBox(), 1); // must not divide by zero
-}
-
-void TestFrameABDialog::exposureTime()
-{
-    FrameCamera camera;
-    const FrameBench bench(&camera);
-    QCOMPARE(bench.time->value(), 63);
-    QCOMPARE(camera.lines.writes + camera.clocks.writes, Writes{});
-    type(bench.time->spinBox(), 64); // stands for a position of the slider: the pair is written once
-    QCOMPARE(camera.lines.writes + camera.clocks.writes, Writes{240});
-    type(bench.time->spinBox(), 63);
-    QCOMPARE(camera.lines.value * 1000 + camera.clocks.value, 10080);
-
-    std::mt19937 random(1);
-    const auto any = [&](int least, int most) { return std::int64_t(least + random() % unsigned(most - least + 1)); };
-    for (int i = 0; i < 300; ++i) {
-        camera.clock.value = any(1, 400);
-        camera.lines.max = any(1, 60000);
-        camera.lineTime.value = any(1, 60000);
-        camera.clocks.max = camera.lineTime.value - 1;
-        camera.lines.value = any(0, int(camera.lines.max));
-        camera.clocks.value = any(0, int(camera.clocks.max));
-        QVERIFY(bench.dialog->SetDevice(&camera));
-        const std::int64_t exposure = camera.lines.value * camera.lineTime.value + camera.clocks.value;
-        QCOMPARE(std::int64_t(bench.time->value()), exposure / camera.clock.value);
-        const std::int64_t most = camera.lines.max * camera.lineTime.value + camera.clocks.max;
-        const std::int64_t wanted = any(0, int(most / camera.clock.value));
-        type(bench.time->spinBox(), int(wanted));
-        QCOMPARE(std::int64_t(bench.time->value()), wanted);
-        // Exactly the time that was asked for, in whole lines and what is left.
-        QCOMPARE(camera.lines.value * camera.lineTime.value + camera.clocks.value, wanted * camera.clock.value);
-        QVERIFY(camera.clocks.value < camera.lineTime.value);
-        camera.lines.change(any(0, int(camera.lines.max)));
-        const std::int64_t changed = camera.lines.value * camera.lineTime.value + camera.clocks.value;
-        QCOMPARE(std::int64_t(bench.time->value()), changed / camera.clock.value);
+    void units_data()
+    {
+        columns<qint64, qint64, qint64, qint64, qint64>("lineTime", "clock", "value", "control", "device");
+        row("usual", 1000ll, 160ll, 100ll, 625ll, 16ll);
+        row("half goes up", 1ll, 2ll, 3ll, 2ll, 6ll);
+        row("negative is cut", 1000ll, 160ll, -100ll, -624ll, -15ll);
+        row("no line time", 0ll, 160ll, 100ll, 0ll, 0ll);
+        row("no clock", 1000ll, 0ll, 100ll, 0ll, 0ll);
+        row("unreadable clock", 1000ll, -1ll, 100ll, 625ll, 16ll); // 160 stands in
+        row("beyond 32 bits", 65535ll, 160ll, 4294967296ll, 1759191760896ll, 10485920ll);
+        row("wraps at 64 bits", 1ll << 62, 1ll, 4ll, 0ll, 0ll);
     }
-    // A range that shrinks under the time reaches the camera: here, that of a fixed period.
-    FrameCamera fixed;
-    fixed.lines.value = 100;
-    fixed.clocks.value = 0;
-    fixed.period.value = 50;
-    QVERIFY(bench.dialog->SetDevice(&fixed));
-    QCOMPARE(bench.time->value(), 625);
-    fixed.period.change(50);
-    QCOMPARE(bench.period->value(), 313);
-    QCOMPARE(fixed.lines.writes, Writes{});
-    click(child<QCheckBox>(*bench.dialog, "chBoxFixedFramePeriodEnable"));
-    QCOMPARE(fixed.lines.value * 1000 + fixed.clocks.value, 313 * 160);
-    fixed.lineTime.change(2000); // the new range and the slider's scale answer with writes, and all settles
-    QCOMPARE(bench.period->value(), 625);
-    QCOMPARE(fixed.period.value, 50);
-}
 
-void TestFrameABDialog::digitalGain()
-{
-    FrameCamera camera;
-    camera.fine.min = -32;
-    camera.coarse.value = 1;
-    camera.fine.value = 48;
-    const FrameBench bench(&camera);
-    QCOMPARE(bench.gain->value(), 3.5);
-    QCOMPARE(bench.gain->minimum(), 0.5);
-    QCOMPARE(bench.gain->maximum(), 31.75);
-    for (int eighths = 4; eighths <= 254; ++eighths) {
-        const double wanted = eighths / 8.0;
-        bench.gain->spinBox()->setLineEditText(QString::number(wanted));
-        QTest::keyClick(bench.gain->spinBox(), Qt::Key_Return);
-        // From the other end: doublings while they fit, and what is left in 64ths of them. Above 16 every other eighth
-        // is finer than the camera's steps.
-        int doublings = 0;
-        while (wanted >= 2 << doublings)
-            ++doublings;
-        const int rest = eighths * 8 / (1 << doublings) - 64;
-        QCOMPARE(int(camera.coarse.value), doublings);
-        QCOMPARE(int(camera.fine.value), rest);
-        QCOMPARE(bench.gain->value(), (64 + rest) * (1 << doublings) / 64.0);
-    }
-    bench.gain->setValue(2);
-    for (FakeInt *part : {&camera.coarse, &camera.fine})
-        part->writes.clear();
-    bench.gain->setValue(3);
-    QCOMPARE(camera.coarse.writes + camera.fine.writes, (Writes{1, 32}));
-    camera.fine.change(63); // between two steps of the control: comes back rounded, once
-    QCOMPARE(camera.coarse.writes + camera.fine.writes, (Writes{1, 2, 32, 0}));
-    QCOMPARE(bench.gain->value(), 4.0);
-    camera.fine.refusal = MoxCamError::GenTLIo;
-    QCOMPARE(boxText([&] { bench.gain->setValue(5); }), QString());
-    camera.hidden = "Frame_DigitalFineGain"; // its part counts as nothing
-    QVERIFY(bench.dialog->SetDevice(&camera));
-    QCOMPARE(bench.gain->maximum(), 16.0);
-    FakeDevice bare;
-    QVERIFY(bench.dialog->SetDevice(&bare));
-    QCOMPARE(bench.gain->minimum(), 1.0);
-    QCOMPARE(bench.gain->maximum(), 1.0);
-}
-
-void TestFrameABDialog::modesAndTabs()
-{
-    FrameCamera camera;
-    const FrameBench bench(&camera);
-    std::mt19937 random(2);
-    auto *const single = child<QtMoxSliderSpinBox>(*bench.dialog, "spBoxFrameLineTime");
-    auto *const dual = child<QtMoxSliderSpinBox>(*bench.dialog, "spBoxDualVideo");
-    for (int i = 0; i < 400; ++i) {
-        const int mode = int(random() % 3), tab = int(random() % 2);
-        switch (random() % 5) {
-        case 0:
-            bench.mode->setCurrentIndex(mode);
-            break;
-        case 1:
-            camera.mode.change(mode);
-            break;
-        case 2:
-            QTest::mouseClick(bench.tabs->tabBar(), Qt::LeftButton, {}, bench.tabs->tabBar()->tabRect(tab).center());
-            break;
-        case 3:
-            camera.selector.change(tab);
-            break;
-        case 4:
-            QVERIFY(bench.dialog->SetDevice(&camera));
-            break;
-        }
-        const bool both = camera.mode.value == 2;
-        QCOMPARE(bench.tabs->isTabEnabled(0), camera.mode.value != 1);
-        QCOMPARE(bench.tabs->isTabEnabled(1), camera.mode.value != 0);
-        QVERIFY(both || bench.tabs->currentIndex() == camera.mode.value);
-        QCOMPARE(bench.tabs->currentIndex(), int(camera.selector.value));
-        QCOMPARE(bench.tabs->widget(0)->layout() != nullptr, camera.selector.value == 0);
-        QCOMPARE(bench.tabs->widget(1)->layout() != nullptr, camera.selector.value == 1);
-        QVERIFY(bench.tabs->currentWidget()->isAncestorOf(bench.time));
-        QCOMPARE(dual->isEnabled(), both);
-        QCOMPARE(single->isEnabled(), !both);
-        for (const char *count : {"NumberOfFrameAs", "NumberOfFrameBs"}) {
-            auto *spinBox = child<QtMoxSpinBox>(*bench.dialog, QByteArray("spBox").append(count));
-            auto &feature = camera.feature<FakeInt>(count);
-            QCOMPARE(spinBox->isEnabled(), both);
-            feature.tell(); // not bound with a single frame: nothing comes back
-            QCOMPARE(spinBox->isEnabled(), both);
-        }
-        camera.lineTime.writes.clear();
-        type((both ? dual : single)->spinBox(), 2000 + i);
-        QCOMPARE(camera.lineTime.writes, Writes{2000 + i});
-    }
-}
-
-void TestFrameABDialog::bindings()
-{
-    FrameCamera camera;
-    const FrameBench bench(&camera);
-    QTRY_COMPARE(child<QLineEdit>(*bench.dialog, "lineEditFrameCurrentSize")->text(), QStringLiteral("640x480"));
-    for (int i = 0; i < plain.size(); ++i) {
-        auto *control = child<QWidget>(*bench.dialog, plain.at(i).control);
-        FakeFeature &feature = *camera.features.at(i);
-        const bool check = qobject_cast<QCheckBox *>(control);
-        const int top = check ? 1 : 2;
-        setValue(control, top);
-        QCOMPARE(feature.writes, Writes{top});
-        feature.change(0);
-        QCOMPARE(valueOf(control), 0);
-        QCOMPARE(feature.writes, (check ? Writes{top} : Writes{top, 0})); // written back once, and settles
-        feature.refusal = MoxCamError::GenTLIo;
-        const QString text = boxText([&] { setValue(control, top); });
-        QVERIFY2(text.contains(QLatin1String(plain.at(i).param)), plain.at(i).param);
-        feature.refusal = MoxCamError::Success;
-        feature.tell();
-        QCOMPARE(valueOf(control), 0);
-    }
-}
-
-void TestFrameABDialog::lacking()
-{
-    QHash<QByteArray, QByteArray> expected{{"", ""},
-                                           {"FrameMode", "cmBoxFrameMode"},
-                                           {"ShutterMode", "radioBtnRollingShutter"},
-                                           {"SensorADCBitDepth", "radioBtnAdcSelector12b"},
-                                           {"Frame_ExposureControl", "radioBtnExpOff"},
-                                           {"Frame_DecimationMode", "radioBtnSubsampleOff"},
-                                           {"Frame_AnalogGain", "radioBtnAGain2x"},
-                                           {"Frame_FixedFramePeriodValue", "spBoxFixedFramePeriodValue"}};
-    for (const char *name : {"PixelClock", "TriggerMode", "Frame_WidthActual", "Frame_HeightActual",
-                             "Frame_DigitalCourseGain", "Frame_DigitalFineGain"})
-        expected.insert(name, "");
-    for (const FrameBinding &binding : plain)
-        expected.insert(binding.param, binding.control);
-    expected["Frame_ExposureClocks"] += " spBoxExpTime"; // the lines have enabled it before
-    const FrameBench old(nullptr);
-    for (auto it = expected.cbegin(); it != expected.cend(); ++it) {
+    void units()
+    {
+        QFETCH(qint64, lineTime);
+        QFETCH(qint64, clock);
+        QFETCH(qint64, value);
         FrameCamera camera;
-        camera.hidden = it.key().toStdString();
-        const FrameBench fresh(nullptr); // knows no line time but this camera's
-        for (const FrameBench *bench : {&fresh, &old}) {
-            QVERIFY(bench->dialog->SetDevice(&camera));
-            QCOMPARE(bench->disabled(), it.value());
-            type(bench->time->spinBox(), 64);
-            type(bench->period->spinBox(), 64);
-            bench->gain->setValue(2);
-            camera.lines.tell();
-            auto &blackLevel = camera.feature<FakeInt>("Frame_BlackLevel");
-            blackLevel.writes.clear();
-            const int level = bench == &old ? 1 : 2;
-            type(child<QtMoxSliderSpinBox>(*bench->dialog, "spBoxBlackLevel")->spinBox(), level);
-            QCOMPARE(blackLevel.writes, it.key() == "Frame_BlackLevel" ? Writes{} : Writes{level});
-            QVERIFY(!bench->dialog->SetDevice(nullptr));
-        }
+        camera.brokenRead = clock < 0 ? "PixelClock" : "";
+        camera.clock.value = clock;
+        camera.lineTime.value = lineTime;
+        camera.lineTime.max = INT64_MAX;
+        const FrameBench bench(&camera);
+        QTEST(qint64(privateOf(*bench.dialog)->ToControl(value, nullptr)), "control");
+        QTEST(qint64(privateOf(*bench.dialog)->ToDevice(value, nullptr)), "device");
+        type(bench.time->spinBox(), 1); // must not divide by zero
     }
-    FrameCamera camera;
-    camera.hidden = "FrameAB_Selector";
-    QVERIFY(old.dialog->SetDevice(&camera));
-    QVERIFY(!old.tabs->isEnabled() && old.mode->isEnabled());
-    QVERIFY(!old.dialog->SetDevice(nullptr));
-}
 
-void TestFrameABDialog::devices()
-{
-    FrameCamera camera, other, mute;
-    other.lines.value = 20;
-    other.lines.max = 30; // would cut the time of the first camera
-    camera.lines.value = 1000;
-    mute.parametersError = MoxCamError::GenTLIo;
-    const FrameBench bench(nullptr);
-    for (FrameCamera *device : {static_cast<FrameCamera *>(nullptr), &camera, &camera, &other, &mute, &camera,
-                                static_cast<FrameCamera *>(nullptr), &other, &camera}) {
-        const bool bound = device && device != &mute;
-        QCOMPARE(bench.dialog->SetDevice(device), bound);
-        QCOMPARE(bench.dialog->isEnabled(), bound);
-        QCOMPARE(bench.dialog->findChildren<QTimer *>(QString(), Qt::FindDirectChildrenOnly).size(), int(bound));
-        QCOMPARE(connectionsOf(bench.gain, SIGNAL(valueChanged(double))), int(bound));
-        QCOMPARE(connectionsOf(bench.time, SIGNAL(valueChanged(int))), int(bound));
-        QVERIFY(!bound || bench.time->value() == (device->lines.value * 1000 + 80) / 160);
-    }
-    QCOMPARE(camera.lines.writes + camera.clocks.writes + other.lines.writes + other.clocks.writes, Writes{});
+    void exposureTime()
+    {
+        FrameCamera camera;
+        const FrameBench bench(&camera);
+        QCOMPARE(bench.time->value(), 63);
+        QCOMPARE(camera.lines.writes + camera.clocks.writes, Writes{});
+        type(bench.time->spinBox(), 64); // stands for a position of the slider: the pair is written once
+        QCOMPARE(camera.lines.writes + camera.clocks.writes, Writes{240});
+        type(bench.time->spinBox(), 63);
+        QCOMPARE(camera.lines.value * 1000 + camera.clocks.value, 10080);
 
-    // Unplugged in the middle of a drag, which comes to nothing.
-    auto *box = child<QtMoxSpinBox>(*bench.dialog, "spBoxExpLines");
-    for (const char *missing : {"raise()", "grabbing the keyboard"})
-        QTest::ignoreMessage(QtWarningMsg, QByteArray("This plugin does not support ").append(missing));
-    QTest::mouseClick(box->toolButton(), Qt::LeftButton);
-    QCOMPARE(box->slider()->width(), std::max(box->sizeHint().height(), box->slider()->minimumSizeHint().width()));
-    box->slider()->slider()->setSliderDown(true);
-    box->slider()->slider()->setSliderPosition(50);
-    QVERIFY(!bench.dialog->SetDevice(nullptr));
-    box->slider()->slider()->setSliderDown(false);
-    camera.lines.change(3);
-    QCOMPARE(camera.lines.writes, Writes{});
-    QSignalSpy closing(bench.dialog.get(), &FrameDialog::closing);
-    bench.dialog->close();
-    QCOMPARE(closing.size(), 1);
-}
-
-/** The dialog dies, or is given another device, under each message box that its own work can raise. */
-void TestFrameABDialog::boxes()
-{
-    for (const bool dies : {true, false}) {
-        const std::function<void(FrameBench &, FrameCamera &)> actions[] = {
-            [](FrameBench &bench, FrameCamera &) { type(bench.time->spinBox(), 500); },
-            [](FrameBench &bench, FrameCamera &) { bench.tabs->setCurrentIndex(1); },
-            [](FrameBench &bench, FrameCamera &camera) {
-                camera.mode.value = 1; // frame B comes to be chosen while the device is taken up
-                bench.dialog->SetDevice(&camera);
-            },
-            [](FrameBench &, FrameCamera &camera) { // the time no longer fits
-                camera.clocks.max = 0;
-                camera.clocks.tell();
-                camera.lines.max = 2;
-                camera.lines.tell();
-            },
-            [](FrameBench &, FrameCamera &camera) { camera.lines.change(3); },
-            [](FrameBench &, FrameCamera &camera) { camera.lineTime.change(7); },
+        std::mt19937 random(1);
+        const auto any = [&](int least, int most) {
+            return std::int64_t(least + random() % unsigned(most - least + 1));
         };
-        for (const auto &action : actions) {
-            // Under an update it must not die: the camera goes on to the next subscription.
-            if (dies && &action >= std::begin(actions) + 3)
+        for (int i = 0; i < 300; ++i) {
+            camera.clock.value = any(1, 400);
+            camera.lines.max = any(1, 60000);
+            camera.lineTime.value = any(1, 60000);
+            camera.clocks.max = camera.lineTime.value - 1;
+            camera.lines.value = any(0, int(camera.lines.max));
+            camera.clocks.value = any(0, int(camera.clocks.max));
+            QVERIFY(bench.dialog->SetDevice(&camera));
+            const std::int64_t exposure = camera.lines.value * camera.lineTime.value + camera.clocks.value;
+            QCOMPARE(std::int64_t(bench.time->value()), exposure / camera.clock.value);
+            const std::int64_t most = camera.lines.max * camera.lineTime.value + camera.clocks.max;
+            const std::int64_t wanted = any(0, int(most / camera.clock.value));
+            type(bench.time->spinBox(), int(wanted));
+            QCOMPARE(std::int64_t(bench.time->value()), wanted);
+            // Exactly the time that was asked for, in whole lines and what is left.
+            QCOMPARE(camera.lines.value * camera.lineTime.value + camera.clocks.value, wanted * camera.clock.value);
+            QVERIFY(camera.clocks.value < camera.lineTime.value);
+            camera.lines.change(any(0, int(camera.lines.max)));
+            const std::int64_t changed = camera.lines.value * camera.lineTime.value + camera.clocks.value;
+            QCOMPARE(std::int64_t(bench.time->value()), changed / camera.clock.value);
+        }
+        // A range that shrinks under the time reaches the camera: here, that of a fixed period.
+        FrameCamera fixed;
+        fixed.lines.value = 100;
+        fixed.clocks.value = 0;
+        fixed.period.value = 50;
+        QVERIFY(bench.dialog->SetDevice(&fixed));
+        QCOMPARE(bench.time->value(), 625);
+        fixed.period.change(50);
+        QCOMPARE(bench.period->value(), 313);
+        QCOMPARE(fixed.lines.writes, Writes{});
+        click(child<QCheckBox>(*bench.dialog, "chBoxFixedFramePeriodEnable"));
+        QCOMPARE(fixed.lines.value * 1000 + fixed.clocks.value, 313 * 160);
+        fixed.lineTime.change(2000); // the new range and the slider's scale answer with writes, and all settles
+        QCOMPARE(bench.period->value(), 625);
+        QCOMPARE(fixed.period.value, 50);
+    }
+
+    void digitalGain()
+    {
+        FrameCamera camera;
+        camera.fine.min = -32;
+        camera.coarse.value = 1;
+        camera.fine.value = 48;
+        const FrameBench bench(&camera);
+        QCOMPARE(bench.gain->value(), 3.5);
+        QCOMPARE(bench.gain->minimum(), 0.5);
+        QCOMPARE(bench.gain->maximum(), 31.75);
+        for (int eighths = 4; eighths <= 254; ++eighths) {
+            const double wanted = eighths / 8.0;
+            bench.gain->spinBox()->setLineEditText(QString::number(wanted));
+            QTest::keyClick(bench.gain->spinBox(), Qt::Key_Return);
+            // From the other end: doublings while they fit, and what is left in 64ths of them. Above 16 every other eighth
+            // is finer than the camera's steps.
+            int doublings = 0;
+            while (wanted >= 2 << doublings)
+                ++doublings;
+            const int rest = eighths * 8 / (1 << doublings) - 64;
+            QCOMPARE(int(camera.coarse.value), doublings);
+            QCOMPARE(int(camera.fine.value), rest);
+            QCOMPARE(bench.gain->value(), (64 + rest) * (1 << doublings) / 64.0);
+        }
+        bench.gain->setValue(2);
+        for (FakeInt *part : {&camera.coarse, &camera.fine})
+            part->writes.clear();
+        bench.gain->setValue(3);
+        QCOMPARE(camera.coarse.writes + camera.fine.writes, (Writes{1, 32}));
+        camera.fine.change(63); // between two steps of the control: comes back rounded, once
+        QCOMPARE(camera.coarse.writes + camera.fine.writes, (Writes{1, 2, 32, 0}));
+        QCOMPARE(bench.gain->value(), 4.0);
+        camera.fine.refusal = MoxCamError::GenTLIo;
+        QCOMPARE(boxText([&] { bench.gain->setValue(5); }), QString());
+        camera.hidden = "Frame_DigitalFineGain"; // its part counts as nothing
+        QVERIFY(bench.dialog->SetDevice(&camera));
+        QCOMPARE(bench.gain->maximum(), 16.0);
+        FakeDevice bare;
+        QVERIFY(bench.dialog->SetDevice(&bare));
+        QCOMPARE(bench.gain->minimum(), 1.0);
+        QCOMPARE(bench.gain->maximum(), 1.0);
+    }
+
+    void modesAndTabs()
+    {
+        FrameCamera camera;
+        const FrameBench bench(&camera);
+        std::mt19937 random(2);
+        auto *const single = child<QtMoxSliderSpinBox>(*bench.dialog, "spBoxFrameLineTime");
+        auto *const dual = child<QtMoxSliderSpinBox>(*bench.dialog, "spBoxDualVideo");
+        for (int i = 0; i < 400; ++i) {
+            const int mode = int(random() % 3), tab = int(random() % 2);
+            switch (random() % 5) {
+            case 0:
+                bench.mode->setCurrentIndex(mode);
                 break;
-            FrameCamera camera, other;
-            FrameBench bench(&camera);
-            for (FakeFeature *feature : std::initializer_list<FakeFeature *>{
-                     &camera.lines, &camera.clocks, &camera.lineTime, &camera.period, &camera.mode, &camera.selector})
-                feature->refusal = MoxCamError::GenTLIo;
-            QVERIFY(!boxText([&] { action(bench, camera); },
-                             [&](QMessageBox *) {
-                                 if (dies)
-                                     bench.dialog.reset();
-                                 else
-                                     bench.dialog->SetDevice(&other);
-                             })
-                         .isNull());
-            QCOMPARE(!bench.dialog, dies);
-            // What was typed may go on to the other camera; what shows is what that one has.
-            QVERIFY(dies || bench.time->value() == (other.lines.value * 1000 + other.clocks.value) / 160);
+            case 1:
+                camera.mode.change(mode);
+                break;
+            case 2:
+                QTest::mouseClick(bench.tabs->tabBar(), Qt::LeftButton, {},
+                                  bench.tabs->tabBar()->tabRect(tab).center());
+                break;
+            case 3:
+                camera.selector.change(tab);
+                break;
+            case 4:
+                QVERIFY(bench.dialog->SetDevice(&camera));
+                break;
+            }
+            const bool both = camera.mode.value == 2;
+            QCOMPARE(bench.tabs->isTabEnabled(0), camera.mode.value != 1);
+            QCOMPARE(bench.tabs->isTabEnabled(1), camera.mode.value != 0);
+            QVERIFY(both || bench.tabs->currentIndex() == camera.mode.value);
+            QCOMPARE(bench.tabs->currentIndex(), int(camera.selector.value));
+            QCOMPARE(bench.tabs->widget(0)->layout() != nullptr, camera.selector.value == 0);
+            QCOMPARE(bench.tabs->widget(1)->layout() != nullptr, camera.selector.value == 1);
+            QVERIFY(bench.tabs->currentWidget()->isAncestorOf(bench.time));
+            QCOMPARE(dual->isEnabled(), both);
+            QCOMPARE(single->isEnabled(), !both);
+            for (const char *count : {"NumberOfFrameAs", "NumberOfFrameBs"}) {
+                auto *spinBox = child<QtMoxSpinBox>(*bench.dialog, QByteArray("spBox").append(count));
+                auto &feature = camera.feature<FakeInt>(count);
+                QCOMPARE(spinBox->isEnabled(), both);
+                feature.tell(); // not bound with a single frame: nothing comes back
+                QCOMPARE(spinBox->isEnabled(), both);
+            }
+            camera.lineTime.writes.clear();
+            type((both ? dual : single)->spinBox(), 2000 + i);
+            QCOMPARE(camera.lineTime.writes, Writes{2000 + i});
         }
     }
-}
 
-void TestFrameABDialog::liveCamera()
-{
-    LiveCamera camera(MoxSim::Model::FrameAB);
-    const FrameBench bench(camera.device.get());
-    auto *count = child<QtMoxSpinBox>(*bench.dialog, "spBoxNumberOfFrameAs");
-    QVERIFY(!count->isEnabled() && !bench.tabs->isTabEnabled(1));
-    bench.mode->setCurrentText(QStringLiteral("FrameAB"));
-    QVERIFY(count->isEnabled() && bench.tabs->isTabEnabled(1));
-    // Exposure, line time and gain of each frame, set through the dialog and kept apart by the camera.
-    const int times[] = {2000, 5001}, lineTimes[] = {1000, 1234};
-    const double gains[] = {1.5, 1.75};
-    for (int frame : {0, 1}) {
-        bench.tabs->setCurrentIndex(frame);
-        type(child<QtMoxSliderSpinBox>(*bench.dialog, "spBoxDualVideo")->spinBox(), lineTimes[frame]);
-        type(bench.time->spinBox(), times[frame]);
-        bench.gain->setValue(gains[frame]);
+    void bindsPlainly()
+    {
+        struct Camera : BoundCamera
+        {
+            Camera(const QDialog &dialog, const Bindings &all) : BoundCamera(dialog, all)
+            {
+                setEntries("FrameAB_Selector", words("FrameA FrameB")); // or else nothing on the tabs is enabled
+            }
+        };
+        checkBindings<FrameDialog, Camera>(bindings,
+                                           bindings.size() + 4); // listens to the exposure and line time itself
     }
-    for (int frame : {0, 1, 0}) {
-        bench.tabs->setCurrentIndex(frame);
-        QCOMPARE(camera.number("Frame_LineTime"), lineTimes[frame]);
-        QCOMPARE(camera.number("Frame_ExposureLines"), times[frame] * 160 / lineTimes[frame]);
-        QCOMPARE(camera.number("Frame_ExposureClocks"), times[frame] * 160 % lineTimes[frame]);
-        QCOMPARE(camera.number("CurrentExposureTime"), times[frame]);
-        QCOMPARE(bench.time->value(), times[frame]);
-        QCOMPARE(camera.number("Frame_DigitalFineGain"), int((gains[frame] - 1) * 64));
-        QCOMPARE(bench.gain->value(), gains[frame]);
+
+    /** What a camera lacks is passed over, also where another one had it. */
+    void lacking()
+    {
+        const FrameBench old(nullptr);
+        for (const QByteArray name :
+             {"", "PixelClock", "TriggerMode", "Frame_WidthActual", "Frame_HeightActual", "Frame_DigitalCourseGain",
+              "Frame_DigitalFineGain", "Frame_LineTime", "Frame_ExposureLines", "Frame_ExposureClocks",
+              "Frame_FixedFramePeriodValue", "FrameAB_Selector"}) {
+            FrameCamera camera;
+            camera.hidden = name.toStdString();
+            const FrameBench fresh(nullptr); // knows no line time but this camera's
+            for (const FrameBench *bench : {&fresh, &old}) {
+                QVERIFY(bench->dialog->SetDevice(&camera));
+                QCOMPARE(bench->time->isEnabledTo(bench->tabs),
+                         name != "Frame_ExposureClocks"); // the lines have enabled it before
+                QCOMPARE(bench->period->isEnabledTo(bench->tabs), name != "Frame_FixedFramePeriodValue");
+                QCOMPARE(bench->tabs->isEnabled(), name != "FrameAB_Selector");
+                type(bench->time->spinBox(), 64);
+                type(bench->period->spinBox(), 64);
+                bench->gain->setValue(2);
+                camera.lines.tell();
+                QVERIFY(!bench->dialog->SetDevice(nullptr));
+            }
+        }
     }
-    bench.mode->setCurrentText(QStringLiteral("FrameB"));
-    QVERIFY(!count->isEnabled() && bench.tabs->currentIndex() == 1);
-    QCOMPARE(bench.time->value(), times[1]);
-    QVERIFY(!bench.dialog->SetDevice(nullptr));
-}
+
+    void devices()
+    {
+        FrameCamera camera, other;
+        other.lines.value = 20;
+        other.lines.max = 30; // would cut the time of the first camera
+        camera.lines.value = 1000;
+        const FrameBench bench(nullptr);
+        for (FrameCamera *device : {static_cast<FrameCamera *>(nullptr), &camera, &camera, &other, &camera,
+                                    static_cast<FrameCamera *>(nullptr), &other, &camera}) {
+            bench.dialog->SetDevice(device);
+            QCOMPARE(bench.dialog->findChildren<QTimer *>(QString(), Qt::FindDirectChildrenOnly).size(), int(!!device));
+            QCOMPARE(connectionsOf(bench.gain, SIGNAL(valueChanged(double))), int(!!device));
+            QCOMPARE(connectionsOf(bench.time, SIGNAL(valueChanged(int))), int(!!device));
+            QVERIFY(!device || bench.time->value() == (device->lines.value * 1000 + 80) / 160);
+        }
+        QCOMPARE(camera.lines.writes + camera.clocks.writes + other.lines.writes + other.clocks.writes, Writes{});
+        QTRY_COMPARE(child<QLineEdit>(*bench.dialog, "lineEditFrameCurrentSize")->text(), QStringLiteral("640x480"));
+    }
+
+    /** The dialog dies, or is given another device, under each message box that its own work can raise. */
+    void boxes()
+    {
+        for (const bool dies : {true, false}) {
+            const std::function<void(FrameBench &, FrameCamera &)> actions[] = {
+                [](FrameBench &bench, FrameCamera &) { type(bench.time->spinBox(), 500); },
+                [](FrameBench &bench, FrameCamera &) { bench.tabs->setCurrentIndex(1); },
+                [](FrameBench &bench, FrameCamera &camera) {
+                    camera.mode.value = 1; // frame B comes to be chosen while the device is taken up
+                    bench.dialog->SetDevice(&camera);
+                },
+                [](FrameBench &, FrameCamera &camera) { // the time no longer fits
+                    camera.clocks.max = 0;
+                    camera.clocks.tell();
+                    camera.lines.max = 2;
+                    camera.lines.tell();
+                },
+                [](FrameBench &, FrameCamera &camera) { camera.lines.change(3); },
+                [](FrameBench &, FrameCamera &camera) { camera.lineTime.change(7); },
+            };
+            for (const auto &action : actions) {
+                // Under an update it must not die: the camera goes on to the next subscription.
+                if (dies && &action >= std::begin(actions) + 3)
+                    break;
+                FrameCamera camera, other;
+                FrameBench bench(&camera);
+                for (FakeFeature *feature :
+                     std::initializer_list<FakeFeature *>{&camera.lines, &camera.clocks, &camera.lineTime,
+                                                          &camera.period, &camera.mode, &camera.selector})
+                    feature->refusal = MoxCamError::GenTLIo;
+                QVERIFY(!boxText([&] { action(bench, camera); },
+                                 [&](QMessageBox *) {
+                                     if (dies)
+                                         bench.dialog.reset();
+                                     else
+                                         bench.dialog->SetDevice(&other);
+                                 })
+                             .isNull());
+                QCOMPARE(!bench.dialog, dies);
+                // What was typed may go on to the other camera; what shows is what that one has.
+                QVERIFY(dies || bench.time->value() == (other.lines.value * 1000 + other.clocks.value) / 160);
+            }
+        }
+    }
+};
 
 MOX_TEST_MAIN(TestFrameABDialog)
 #include "tst_frameabdialog.moc"

@@ -2,12 +2,12 @@
 #include "datarow.h"
 #include "fakedevice.h"
 #include "fakesdk.h"
+#include "messagebox.h"
 #include "testmain.h"
 
+#include <QCheckBox>
 #include <QMenu>
 #include <QMenuBar>
-
-#include <random>
 
 using namespace MoxTest;
 
@@ -20,7 +20,7 @@ const QString nothing = QStringLiteral("Disconnected; ; ; ");
 const QString fresh = QStringLiteral("Model; 640x480 100.00 10000 2000; 320x480 200.00 5000 2000; ");
 const QString live = fresh + QStringLiteral("31");
 
-/** A camera that sends frames A and B in turn, whose width and frame time follow the selector. */
+/** A camera with frames A and B, in turn to begin with. Width and frame time follow the selector, which can refuse. */
 struct Camera : FakeDevice, MoxGenParam::ParamEventSink
 {
     Camera()
@@ -33,6 +33,7 @@ struct Camera : FakeDevice, MoxGenParam::ParamEventSink
     }
     void OnParameterUpdate(MoxGenParam::Param *) override
     {
+        selector.refusal = answer; // from the second write on
         setNumbers({{"Width", 640 / (selector.value + 1)}, {"CurrentFrameTime", 10000 / (selector.value + 1)}});
     }
     /** The frames that were selected, without the repetitions that the frame dialog's tabs answer with. */
@@ -50,9 +51,10 @@ struct Camera : FakeDevice, MoxGenParam::ParamEventSink
         return {int(subscriptions.size()), int(std::count_if(sinks.begin(), sinks.end(), isWindow))};
     }
 
-    static QStringList words(const char *text) { return QString::fromLatin1(text).split(QLatin1Char(' ')); }
+    MoxCamErr answer = MoxCamError::Success;
     FakeEnum &selector = setEntries("FrameAB_Selector", words("FrameA FrameB"));
     FakeEnum &mode = setEntries("FrameMode", words("FrameA FrameB FrameAB -"));
+    FakeBoolean &mirror = feature<FakeBoolean>("ReverseX"); // in one of the last dialogs to be given a device
 };
 
 const QVector<int> bound{2, 2}, silent{2, 0}, unbound{0, 0};
@@ -151,56 +153,48 @@ private Q_SLOTS:
         QCOMPARE(camera.takeSelections(), toBAndBack);
     }
 
-    /** An application and a cable at random. Events wait for the tick, where the last one counts. */
-    void devices()
+    /** Events wait for the tick, where the last one counts; those of a device that was given up do not. */
+    void events()
     {
-        Camera cameras[2];
-        cameras[1].feature<FakeString>("DeviceModelName").text = "Other";
-        Camera *device = nullptr;
-        Window window(device);
-        int event = 0; // that the next tick is to see
-        bool slipped = false; // pulled out again while it was taken up
-        QString shown = nothing;
-        std::mt19937 random(3);
-        for (int i = 0; i < 500; ++i) {
-            Camera *const camera = &cameras[random() % 2];
-            const int raised = random() % 2 ? connected : disconnected;
-            const unsigned action = random() % 8;
-            const auto takenUp = [&](const QString &text) {
-                return device && device->givesParameters ? text : nothing;
-            };
-            if (action < 1) {
-                camera->givesParameters = raised == connected;
-            } else if (action < 2) {
-                camera->atParameters = [&slipped, camera] {
-                    slipped = true;
-                    camera->raise(disconnected);
-                };
-            } else if (action < 4) {
-                camera->raise(raised);
-                event = camera == device ? raised : event;
-            } else if (action < 5) {
-                device = random() % 3 ? camera : nullptr;
-                window.SetDevice(device);
-                shown = takenUp(fresh);
-                event = slipped = false; // not subscribed yet
-            } else {
-                tick(window);
-                if (event == connected)
-                    shown = takenUp(shown == live ? live : fresh);
-                else
-                    shown = event == disconnected || shown == nothing ? nothing : live;
-                event = std::exchange(slipped, false) ? disconnected : 0;
-            }
-            const bool there = shown != nothing;
-            QCOMPARE(figures(window).replace(QStringLiteral("Other;"),
-                                             device == &cameras[1] ? QStringLiteral("Model;") : QString()),
-                     shown);
+        Camera camera, other;
+        Window window(&camera);
+        const auto check = [&](const QString &shown, const QVector<int> &subscribed) {
+            QCOMPARE(figures(window), shown);
+            QCOMPARE(camera.subscribed(), subscribed);
             for (const auto &function : privateOf(window)->functions)
-                QCOMPARE(function.dialog->isEnabled(), there);
-            for (const Camera &each : cameras)
-                QCOMPARE(each.subscribed(), &each != device ? unbound : there ? bound : silent);
+                QCOMPARE(function.dialog->isEnabled(), shown != nothing);
+        };
+        // What is raised before a tick, + for connected, and what shows behind it: live or fresh figures, or none.
+        for (const QByteArray step :
+             {": live", "-: none", ": none", "+-: none", "-+: fresh", ": live", "+: live", "-+: live", "-: none"}) {
+            const QString before = figures(window);
+            for (const char event : step.left(step.indexOf(':')))
+                camera.raise(event == '+' ? connected : disconnected);
+            QCOMPARE(figures(window), before);
+            tick(window);
+            check(step.endsWith("none")       ? nothing
+                      : step.endsWith("live") ? live
+                                              : fresh,
+                  step.endsWith("none") ? silent : bound);
         }
+        window.SetDevice(&camera);
+        camera.atParameters = [&] { camera.raise(disconnected); }; // pulled out again while it is taken up
+        camera.raise(connected);
+        tick(window);
+        check(fresh, bound);
+        tick(window);
+        check(nothing, silent);
+        camera.givesParameters = false;
+        camera.raise(connected);
+        tick(window);
+        check(nothing, silent);
+        camera.raise(disconnected);
+        window.SetDevice(&other);
+        tick(window);
+        check(live, unbound);
+        window.SetDevice(nullptr);
+        QCOMPARE(other.subscribed(), unbound);
+        check(nothing, unbound);
     }
 
     void menu()
@@ -313,6 +307,83 @@ private Q_SLOTS:
         QCOMPARE(own->subscribed(), unbound);
         QCOMPARE(own->releases, 2);
         QCOMPARE(system->releases.load(), 4);
+    }
+
+    /** The dialogs can put up a message box in the middle of what the window does. */
+    void boxes_data()
+    {
+        columns<QByteArray, QByteArray>("by", "meanwhile");
+        row("made, deleted", "constructor", "delete");
+        for (const char *by : {"device", "again", "back", "mode"}) {
+            for (const char *meanwhile : {"delete", "null", "other"})
+                row(QByteArray(by) + ", " + meanwhile, by, meanwhile);
+        }
+        for (const char *by : {"device", "back", "mode"}) // at the others nothing of the device is heard of
+            row(QByteArray(by) + ", pull", by, "pull");
+    }
+    void boxes()
+    {
+        QFETCH(QByteArray, by);
+        QFETCH(QByteArray, meanwhile);
+        Camera other;
+        other.feature<FakeString>("DeviceModelName").text = "Other";
+        auto camera = std::make_unique<Camera>();
+        camera->mode.value = by == "mode" ? 0 : by == "again" ? 2 : 1;
+        auto parent = std::make_unique<QWidget>();
+        QPointer<Window> window;
+        if (by != "constructor")
+            window = new Window(by == "device" ? nullptr : camera.get(), parent.get());
+        if (by == "back") {
+            camera->raise(MoxCam::EventDeviceDisconnected);
+            tick(*window);
+            camera->selector.value = 0;
+        }
+        if (by == "mode" || by == "again")
+            camera->answer = MoxCamError::GenTLIo; // to the dialog's tabs, which repeat what the window selects
+        else
+            camera->selector.refusal = MoxCamError::GenTLIo; // to the dialog, which chooses frame B
+
+        const auto action = [&] {
+            if (by == "constructor") {
+                new Window(camera.get(), parent.get());
+            } else if (by == "device" || by == "again") {
+                window->SetDevice(camera.get());
+            } else if (by == "back") {
+                camera->raise(MoxCam::EventDeviceConnected);
+                tick(*window);
+            } else {
+                camera->mode.change(2);
+                tick(*window);
+            }
+        };
+        const QString text = boxText(action, [&](QMessageBox *) {
+            if (meanwhile == "delete")
+                return parent.reset();
+            if (meanwhile == "pull") {
+                camera->raise(MoxCam::EventDeviceDisconnected);
+                return tick(*window);
+            }
+            window->SetDevice(meanwhile == "other" ? &other : nullptr);
+        });
+        QVERIFY(text.contains(QStringLiteral("FrameAB_Selector")));
+
+        if (meanwhile == "delete") {
+            QVERIFY(!window);
+            QCOMPARE(camera->sinkCount(), 1); // the camera itself
+            QVERIFY(camera->subscriptions.empty() && other.subscriptions.empty());
+            return;
+        }
+        const bool bound = meanwhile == "other";
+        QCOMPARE(privateOf(*window)->statusText->text(),
+                 bound ? QStringLiteral("Other") : QStringLiteral("Disconnected"));
+        QCOMPARE(camera->subscriptions.size(), meanwhile == "pull" ? 2u : 0u);
+        if (meanwhile != "pull")
+            camera.reset(); // nothing may reach for it any more
+        auto *mirror = child<QCheckBox>(*window, "chBoxHorMirror");
+        QCOMPARE(mirror->isEnabled(), bound);
+        tick(*window);
+        mirror->click();
+        QCOMPARE(other.mirror.writes, bound ? Writes{1} : Writes{});
     }
 
     void about()
