@@ -33,8 +33,10 @@ class MoxCamConfigPrivate;
  * send no parameter updates any more once there is another one. After the window is deleted the open SDK sees to that by
  * itself; with another SDK the application releases every device that it has given, or keeps it from sending updates.
  *
- * It may be deleted at any time on the GUI thread, also while its camera selector or a message box is open. Needs a
- * QApplication. All of it is used on the GUI thread, where the device must send its parameter updates too.
+ * It may be deleted at any time on the GUI thread, also while its camera selector is open. The exception is the box
+ * that tells of a refused change: Qt is still inside the control then, so whoever wants the window gone hides it and
+ * deletes it when the box is closed. Needs a QApplication. All of it is used on the GUI thread, where the device must
+ * send its parameter updates too.
  */
 class MOXGUI_EXPORT MoxCamConfig : public QMainWindow
 {

@@ -24,7 +24,13 @@ class MoxCamConfigFrameABDialogPrivate;
  * What the user changes is written to the camera at once, and what changes on the camera shows. A control whose
  * parameter the camera lacks, or does not let write at the moment, is disabled. A refused write is told in a message box,
  * but for the digital gain, whose refusals are not told. Times are shown in microseconds, in whole ones, where the camera
- * counts lines and clocks; a camera that does not tell its pixel clock counts as one of 160 MHz.
+ * counts lines and clocks. A pixel clock that cannot be read counts as 160 MHz, one that the camera does not have as that
+ * of the camera before.
+ *
+ * Choosing another frame, also by the main window or another program, changes the values of many parameters at once, and
+ * the dialog answers them one by one. Where the frames differ, this can change the one that is chosen: its digital gain
+ * goes to the nearest eighth, its fine part may become that of the frame before, and an exposure that does not fit the
+ * limits of the frame before is shortened. Who sets the frames apart does so through the parameters, without this dialog.
  *
  * A device must be valid as long as the dialog has it: until it is given another one or null, or is deleted. The dialog
  * subscribes to parameters of the device and never undoes that. Once it has another device, the one before must send no

@@ -104,6 +104,7 @@ MOXGUI_EXPORT void DestroyGenParamTreeView(MoxGui::IMoxGenParamTreeView *view);
  * sees nothing that lasts; for a window that stays, make an object of its class. What lasts is what making and showing it
  * does to the camera: nothing, but that on a camera with frames A and B the main window chooses the frame that is sent,
  * where only one is, and selects the other frame and goes back, to read its figures. A refusal is told in a message box.
+ * What the Frame A/B dialog, which the main window has, does to a frame that is selected is told with its class.
  *
  * @p device stays the caller's. It may be null: the main window lets the user select a camera first then, in a modal
  * dialog, and the dialogs are disabled. All of them leave subscriptions to parameters of the device behind, which the open
