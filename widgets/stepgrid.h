@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <type_traits>
 
 /**
@@ -80,7 +81,8 @@ template<class T> T snap(T value, T minimum, T maximum, T step)
     if constexpr (std::is_integral_v<T>) {
         result = wrappingAdd(minimum, snapDistance(wrappingSubtract(value, minimum), step));
         // Rounded up beyond the largest number. Of 64 bits it stays there, which is settled.
-        if (sizeof(T) < sizeof(long long) && value > minimum && result < minimum)
+        constexpr auto largest = static_cast<long long>(std::numeric_limits<T>::max());
+        if (sizeof(T) < sizeof(long long) && value > minimum && static_cast<long long>(value) - result > largest)
             result = maximum;
     } else {
         result = minimum + snapDistance(value - minimum, step);

@@ -121,6 +121,7 @@ private Q_SLOTS:
         QTest::newRow("below the range") << Row{10, 100, 25, -37, 10, 35};
         QTest::newRow("no step") << Row{10, 100, 0, 37, 37, 37};
         QTest::newRow("overflow") << Row{0, Max, 10, Max - 2, Max, Max};
+        QTest::newRow("overflow from the least one") << Row{Min, Max, 10, Max - 2, Max, Max};
         QTest::newRow("distance beyond the type") << Row{Min, Max, 1000, 5, 648, 1648};
     }
 
