@@ -37,7 +37,8 @@ void FloatNode::verifyValue(double value)
 {
     if (std::isnan(value))
         throw OUT_OF_RANGE_EXCEPTION("Node '%s': The value is not a number.", name());
-    verifyRange(value, realMin(), realMax());
+    const double least = realMin();
+    verifyRange(value, least, realMax());
     const std::vector<double> *valid = validValues();
     if (valid && std::none_of(valid->begin(), valid->end(), [value](double candidate) {
             return std::abs(candidate - value) <= std::abs(candidate) * 1e-9;

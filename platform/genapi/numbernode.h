@@ -12,7 +12,9 @@
 #include <GenApi/Values.h>
 
 #include <algorithm>
+#include <iterator>
 #include <limits>
+#include <optional>
 #include <sstream>
 #include <type_traits>
 
@@ -196,9 +198,11 @@ private:
         bound.node = linkTo(Role::Limit, linkTag);
         if (const std::string *text = m_description.find(tag)) {
             bound.literal = parsed(*text);
-            // Integers are limited by floating point numbers, too.
-            if (const auto real = parseReal(*text); isInteger && !bound.literal && real)
-                bound.literal = static_cast<T>(toInteger(*real));
+            if constexpr (isInteger) {
+                const auto real = parseReal(*text); // limits integers, too
+                if (!bound.literal && real)
+                    bound.literal = toInteger(*real);
+            }
         }
         return bound;
     }
