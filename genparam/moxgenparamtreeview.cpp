@@ -19,6 +19,8 @@
 
 #include <MoxCameraApi/MoxGenParam.h>
 
+#include <utility>
+
 namespace MoxGui {
 
 namespace {
@@ -120,7 +122,6 @@ void MoxGenParamTreeViewPrivate::clearModel()
     if (QAbstractItemModel *proxy = tree->model()) { // the parent of the model
         QItemSelectionModel *selection = tree->selectionModel();
         tree->setModel(nullptr);
-        proxy->disconnect(&receiver); // until then it must not take part in keeping the focus any more
         proxy->deleteLater();
         selection->deleteLater();
     }
@@ -157,11 +158,13 @@ void MoxGenParamTreeViewPrivate::keepFocusFromRemovals(const QAbstractItemModel 
     // A row that leaves makes its neighbour current, which must not open an editor there: whoever types a filter text goes
     // on typing it. Connected before the tree, so that it comes before the tree's own answer.
     QObject::connect(proxy, &QAbstractItemModel::rowsAboutToBeRemoved, &receiver, [this] {
-        editTriggers = ui->treeView->editTriggers();
-        ui->treeView->setEditTriggers(editTriggers & ~QAbstractItemView::CurrentChanged);
+        const QAbstractItemView::EditTriggers triggers = ui->treeView->editTriggers();
+        suspendedTriggers |= triggers & QAbstractItemView::CurrentChanged; // another removal may be under way
+        ui->treeView->setEditTriggers(triggers & ~QAbstractItemView::CurrentChanged);
     });
-    QObject::connect(proxy, &QAbstractItemModel::rowsRemoved, &receiver,
-                     [this] { ui->treeView->setEditTriggers(editTriggers); });
+    QObject::connect(proxy, &QAbstractItemModel::rowsRemoved, &receiver, [this] {
+        ui->treeView->setEditTriggers(ui->treeView->editTriggers() | std::exchange(suspendedTriggers, {}));
+    });
 }
 
 void MoxGenParamTreeViewPrivate::connectModel(GenParamTreeModel *model, GenParamTreeVisibilityFilterProxyModel *proxy)

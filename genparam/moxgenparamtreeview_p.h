@@ -83,7 +83,7 @@ private:
     void repaintRow(const QModelIndex &index);
     void showErrors();
 
-    QAbstractItemView::EditTriggers editTriggers; // of the tree; while rows leave it, it has fewer
+    QAbstractItemView::EditTriggers suspendedTriggers; // that the tree gets back when rows have left it
     QObject receiver; // context of what calls this object: none of it outlives this object
 };
 
