@@ -25,7 +25,7 @@ class MoxCamConfigFrameABDialogPrivate;
  * parameter the camera lacks, or does not let write at the moment, is disabled. A refused write is told in a message box,
  * but for the digital gain, whose refusals are not told. Times are shown in microseconds, in whole ones, where the camera
  * counts lines and clocks. A pixel clock that cannot be read counts as 160 MHz, one that the camera does not have as that
- * of the camera before.
+ * of the camera before, or as 160 MHz.
  *
  * Choosing another frame, also by the main window or another program, changes the values of many parameters at once, and
  * the dialog answers them one by one. Where the frames differ, this can change the one that is chosen: its digital gain

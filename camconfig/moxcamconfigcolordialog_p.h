@@ -51,7 +51,7 @@ public:
         QVector<QWidget *> companions; // enabled and disabled with the spin box
     };
 
-    MoxCamConfigColorDialog *q = nullptr; // null until the form is made
+    MoxCamConfigColorDialog *q = nullptr; // null until init()
     MoxCam::Device *device = nullptr;
     MoxGenParam::Array *params = nullptr; // null with no device, and with one that gives none
     std::unique_ptr<Ui_MoxCamConfigColorDialog> ui;

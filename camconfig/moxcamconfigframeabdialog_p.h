@@ -80,7 +80,7 @@ private:
     void showSize();
     void forgetSize();
 
-    MoxCamConfigFrameABDialog *q = nullptr; // null until the form is made
+    MoxCamConfigFrameABDialog *q = nullptr; // null until init()
     MoxGenParam::Array *params = nullptr; // null with no device, and with one that gives none
     std::unique_ptr<Ui_MoxCamConfigFrameABDialog> ui;
     bool triggerActive = false; // kept current and asked by nobody

@@ -14,6 +14,7 @@
 #include <QTimer>
 
 #include <algorithm>
+#include <limits>
 
 namespace MoxGui {
 
@@ -196,10 +197,11 @@ bool MoxCamConfigMapper::mapEnumParam(MoxGenParam::Enum *param, QButtonGroup *gr
         QAbstractButton *button = buttons.at(i);
         MoxGenParam::EnumEntry *entry = quint64(i) < count ? param->GetEnumEntryByIndex(quint64(i), nullptr) : nullptr;
         button->setVisible(entry != nullptr);
-        if (entry)
+        group->setId(button, std::numeric_limits<int>::min() + i); // a hidden one keeps no value of the camera before
+        if (entry) {
             button->setText(QString::fromUtf8(entry->GetValueStr(nullptr)));
-        // A hidden one must not keep a value of the camera before: negative as the ids that a group gives by itself.
-        group->setId(button, entry ? int(entry->GetValue(nullptr)) : -2 - i);
+            group->setId(button, int(entry->GetValue(nullptr)));
+        }
     }
     store(param, records);
     updateRadioButtons(param, group);

@@ -29,7 +29,7 @@ public:
     /** Makes the form on the first call; binds it to a device on every call, or to none for null. */
     bool init(MoxCamConfigOutputDialog *dialog, MoxCam::Device *newDevice);
 
-    MoxCamConfigOutputDialog *q = nullptr; // null until the form is made
+    MoxCamConfigOutputDialog *q = nullptr; // null until init()
     MoxGenParam::Array *params = nullptr; // null with no device, and with one that gives none
     std::unique_ptr<Ui_MoxCamConfigOutputDialog> ui;
     MoxCamConfigMapper mapper;

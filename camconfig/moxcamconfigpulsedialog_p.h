@@ -37,7 +37,7 @@ private:
     void updateTiming();
     void setButtonState(bool checked);
 
-    MoxCamConfigPulseDialog *q = nullptr; // null until the form is made
+    MoxCamConfigPulseDialog *q = nullptr; // null until init()
     MoxGenParam::Array *params = nullptr; // null with no device, and with one that gives none
     std::unique_ptr<Ui_MoxCamConfigPulseDialog> ui;
     QButtonGroup *modeGroup = nullptr; // child of the dialog

@@ -32,7 +32,7 @@ public:
     /** Shows the timing for the references of both strobes; leaves the picture while one of them cannot be set. */
     void setImageState();
 
-    MoxCamConfigStrobeDialog *q = nullptr; // null until the form is made
+    MoxCamConfigStrobeDialog *q = nullptr; // null until init()
     MoxGenParam::Array *params = nullptr; // null with no device, and with one that gives none
     std::unique_ptr<Ui_MoxCamConfigStrobeDialog> ui;
     MoxCamConfigMapper mapper;

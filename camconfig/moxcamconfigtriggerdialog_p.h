@@ -34,7 +34,7 @@ private:
     void enableControls();
     void enableSoftwareTrigger();
 
-    MoxCamConfigTriggerDialog *q = nullptr; // null until the form is made
+    MoxCamConfigTriggerDialog *q = nullptr; // null until init()
     MoxGenParam::Array *params = nullptr; // null with no device, and with one that gives none
     std::unique_ptr<Ui_MoxCamConfigTriggerDialog> ui;
     MoxCamConfigMapper mapper;

@@ -180,7 +180,7 @@ void MoxCameraSelectorDialogPrivate::choose(Handler handler)
         return;
     }
     chosen = handler;
-    openMenu->close(); // a screen reader leaves it open
+    openMenu->hide(); // a screen reader leaves it open
 }
 
 MoxCameraSelectorDialog::MoxCameraSelectorDialog(MoxCam::System *system, QWidget *parent, bool poll)

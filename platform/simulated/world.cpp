@@ -145,16 +145,17 @@ std::string World::addCameraLocked(const std::string &interfaceId, const MoxSim:
         serial.resize(longestSerialNumber);
     const bool isMadeUp = serial.empty();
     CameraPlan plan;
-    do {
+    for (bool isNew = false; !isNew;) {
         if (isMadeUp) {
             char digits[16];
             std::snprintf(digits, sizeof digits, "%06u", m_nextSerialNumber++);
             serial = digits;
         }
         plan = planCamera(complete, {interface.facts.type, interface.facts.number, interface.nextCamera});
-    } while (isMadeUp && findCamera(plan.record.id));
-    if (findCamera(plan.record.id))
-        throw std::runtime_error("There is a camera " + plan.record.id + " already");
+        isNew = !findCamera(plan.record.id);
+        if (!isNew && !isMadeUp)
+            throw std::runtime_error("There is a camera " + plan.record.id + " already");
+    }
     auto camera = std::make_shared<Camera>(std::move(plan), sinceStart);
     camera->setInterfacePlugged(interface.plugged);
     interface.cameras.push_back(camera);
