@@ -5,6 +5,7 @@
 #include "testmain.h"
 
 #include <QLineEdit>
+#include <QPointer>
 #include <QSettings>
 #include <QTimer>
 
@@ -147,9 +148,11 @@ private Q_SLOTS:
     void deletedWhileSending()
     {
         World world;
-        auto *console = new Console(&world.system, 2);
-        QTimer::singleShot(0, console, [console] { delete console; });
+        const QPointer<Console> console = new Console(&world.system, 2);
+        QTimer::singleShot(0, console, [=] { delete console; });
         console->findChild<QPushButton *>()->click();
+        QVERIFY(!console);
+        QVERIFY(!world.params[0].calls.isEmpty());
         QVERIFY(world.params[1].calls.isEmpty());
         world.answer({1}); // to nobody
     }

@@ -107,11 +107,13 @@ template<class Dialog, class Camera = BoundCamera> void checkBindings(const Bind
         feature.writable = false;
         setValue(control, top); // the control has not been told yet
         feature.tell();
-        QVERIFY(valueOf(control) == 0 && disabled() == controls);
+        QCOMPARE(valueOf(control), 0);
+        QVERIFY2(disabled() == controls, param);
         feature.writable = true;
         feature.readable = false;
         feature.change(top);
-        QVERIFY(valueOf(control) == 0 && disabled().isEmpty());
+        QCOMPARE(valueOf(control), 0);
+        QVERIFY2(disabled().isEmpty(), param);
         QCOMPARE(feature.writes, Writes{});
         feature.readable = true;
         feature.change(0);

@@ -120,7 +120,8 @@ private Q_SLOTS:
                 return control->isEnabled() ? control->property("text").toString() : QStringLiteral("closed");
             // Past the node map's caches, and past all that the window and its dialogs hold.
             GenApi::INodeMap *map = privateOf(*window)->device->GetCameraParameters(nullptr)->GetNodeMap(nullptr);
-            return QString::fromLatin1(dynamic_cast<GenApi::IValue *>(map->GetNode(feature))->ToString(false, true));
+            auto *value = dynamic_cast<GenApi::IValue *>(map->GetNode(feature));
+            return value ? QString::fromLatin1(value->ToString(false, true)) : QStringLiteral("missing");
         };
         const QString name = read("DeviceModelName");
         QVERIFY(!name.isEmpty() && figures(*window).startsWith(name + QStringLiteral("; ")));

@@ -194,8 +194,8 @@ private Q_SLOTS:
     /** What a hidden button stood for belongs to another one now. */
     void anotherCamerasEntries()
     {
-        for (int attempt = 0; attempt < 10;
-             ++attempt) { // which of two buttons with one id is found is a matter of chance
+        // Which of two buttons with one id is found is a matter of chance.
+        for (int attempt = 0; attempt < 10; ++attempt) {
             Dialog dialog;
             Camera before(0), camera(0);
             before.enumeration.setEntries({QStringLiteral("A"), QStringLiteral("B"), QStringLiteral("C")});

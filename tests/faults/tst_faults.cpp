@@ -113,6 +113,8 @@ public:
             for (unsigned n = untouched.calls + 1; fail(n);)
                 ++n;
         }
+        if (runs > 0 && struck == 0)
+            problems << QLatin1String(m_name) + QStringLiteral(": nothing has failed");
         qInfo("%s: %u calls, %d runs, %d struck and %d of these succeeded, %d exceptions caught, %.1f s",
               m_name.constData(), untouched.calls, runs, struck, unharmed, caught - caughtBefore,
               timer.elapsed() / 1000.0);
@@ -190,7 +192,7 @@ private:
             FaultPlan::Place place = untouched.places[n - 1];
             if (mode != "fine")
                 place.subject.clear();
-            if (seen.insert(place).second && (!mode.isEmpty() || seen.size() % share == 0))
+            if (seen.insert(place).second && (!mode.isEmpty() || seen.size() % share == 1))
                 numbers.push_back(n);
         }
         return numbers;

@@ -42,8 +42,8 @@ QLineEdit *field(const QWidget *window, const QString &name)
 /**
  * Answers the modal windows and menus that open one after the other, as long as it lives. An answer is
  * "field=text button", either part of it alone, "first" for a menu's first entry, "press" for the same by a screen
- * reader, or nothing to close the window without a button; answers are parted by semicolons. It keeps what the windows said and leaves none open, whatever a comparison
- * in `before` finds.
+ * reader, or nothing to close the window without a button; answers are parted by semicolons. It keeps what the windows
+ * said and leaves none open, whatever a comparison in `before` finds.
  */
 class ModalUser
 {

@@ -283,11 +283,11 @@ private Q_SLOTS:
             ended = true;
         });
         QSet<std::int64_t> odd;
-        while (!ended) {
+        do {
             interface.select(2);
             odd += interface.low();
             interface.features().GetString("DeviceID", nullptr)->GetValue(nullptr);
-        }
+        } while (!ended);
         discovery.join();
         // Until it was there to be selected, the first one was.
         odd -= {1, 3, MoxCamError::GenICamAccess};

@@ -12,6 +12,7 @@
 #include <QTemporaryDir>
 #include <QtEndian>
 
+#include <algorithm>
 #include <atomic>
 #include <functional>
 #include <mutex>
@@ -424,9 +425,11 @@ private Q_SLOTS:
         setAccessDelay(frameAB, 100);
         send(0x81, 2);
         send(0x01, 3);
-        QTRY_COMPARE(
-            events.data().mid(3 * 17),
-            QByteArray("c0a80a0b00000003 c0a80a0b00000004 c0a80a0e00000003 c0a80a0e00000004 c0a80a0a00000004 "));
+        QTRY_COMPARE(events.data().size(), 8 * 17);
+        QList<QByteArray> later = events.data().mid(3 * 17).trimmed().split(' ');
+        QCOMPARE(later.takeLast(), QByteArray("c0a80a0a00000004"));
+        std::sort(later.begin(), later.end()); // of two cameras the answers may overtake each other
+        QCOMPARE(later.join(' '), QByteArray("c0a80a0b00000003 c0a80a0b00000004 c0a80a0e00000003 c0a80a0e00000004"));
     }
 
     void acknowledgesAreLost()
@@ -436,8 +439,8 @@ private Q_SLOTS:
         MoxSdk::Interface *network = backend->interfaces()[0];
         events.listenTo(*network);
         // That of a camera which is pulled out does not count as one that came.
-        setAccessDelay(frameAB, 20);
-        setAccessDelay("Moxara_MX-2K-M_000002", 100);
+        setAccessDelay(frameAB, 500);
+        setAccessDelay("Moxara_MX-2K-M_000002", 600);
         network->sendAction({5, 7, 1, {}, true, 1});
         setPlugged(frameAB, false);
         QTRY_COMPARE(events.data(), QByteArray("c0a80a0b00000001 "));
